@@ -1,0 +1,159 @@
+#include "debuglog/DebugLog.h"
+
+#include <cstdio>
+#include <ctime>
+
+#include "game/Game.h"
+#include "game/MainWindow.h"
+#include "game/Shell.h"
+#include "game/Skitterweb.h"
+#include "options/Options.h"
+#include "runtime/Files.h"
+#include "runtime/NumText.h"
+#include "runtime/RuntimeError.h"
+
+namespace sw {
+
+DebugLog::DebugLog(Skitterweb& sw) : opts(sw.opts), shell(sw.shell), game(sw.game), frmMain(sw.frmMain) {}
+
+DebugLog::~DebugLog() {
+  if (file1_ != nullptr) std::fclose(file1_);
+}
+
+bool DebugLog::On() const { return opts.DebugOn(); }
+
+std::string DebugLog::DateTimeText() {
+  const std::time_t t = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&t, &local);
+  char buf[64];
+  std::strftime(buf, sizeof buf, "%x %X", &local);
+  return buf;
+}
+
+std::string DebugLog::TraceLines(const TraceRecord& rec) {
+  std::string line = "{{ " + rec.szProc + " }}";
+  if (rec.bBegin) line += " [BEGIN]";
+  if (!rec.szInName[0].empty() || !rec.szInName[1].empty() || !rec.szInName[2].empty()) {
+    line += " (input)";
+    for (size_t i = 0; i < 3; ++i)
+      if (!rec.szInName[i].empty()) line += " " + rec.szInName[i] + "=" + rec.vInValue[i].Text();
+  }
+  if (!rec.szReturnName.empty()) line += " (return) " + rec.szReturnName + "=" + rec.vReturnValue.Text();
+  if (!rec.szVarName[0].empty() || !rec.szVarName[1].empty() || !rec.szVarName[2].empty()) {
+    line += " (variables)";
+    for (size_t i = 0; i < 3; ++i)
+      if (!rec.szVarName[i].empty()) line += " " + rec.szVarName[i] + "=" + rec.vVarValue[i].Text();
+  }
+  line += "\r\n";
+  if (!rec.szComment.empty()) line += "     --> " + rec.szComment + "\r\n";
+  return line;
+}
+
+void DebugLog::Print(const std::string& line) {
+  if (file1_ == nullptr) return;
+  std::fputs(line.c_str(), file1_);
+  std::fputs("\r\n", file1_);
+  std::fflush(file1_);
+}
+
+void DebugLog::DebugWrite(const TraceRecord& rec, bool bMark, bool bDumpAll) {
+  if (bMark) DebugMark(bDumpAll ? 3 : 1);
+  if (file1_ != nullptr) {
+    std::fputs(TraceLines(rec).c_str(), file1_);
+    std::fflush(file1_);
+  }
+  if (bDumpAll) DebugWriteAll();
+}
+
+void DebugLog::DebugMark(int16_t nType) {
+  switch (nType) {
+    case 2:
+      Print(std::string(64, '|'));
+      break;
+    case 3: {
+      Print("");
+      std::string a, b;
+      for (int i = 0; i < 45; ++i) {
+        a += "#-";
+        b += "-#";
+      }
+      Print(a);
+      Print(b);
+      break;
+    }
+    default:
+      Print(std::string(64, '*'));
+      break;
+  }
+}
+
+void DebugLog::DebugHeader() {
+  DebugMark(2);
+  Print("| SKITTERWEB");
+  Print(std::string("| version: ") + kVersion);
+  Print("| " + DateTimeText());
+  DebugMark(2);
+}
+
+void DebugLog::DebugOpen(bool bClear, bool bQuiet) {
+  if (file1_ != nullptr) {
+    std::fclose(file1_);
+    file1_ = nullptr;
+  }
+  file1_ = std::fopen(kFileName, bClear ? "wb" : "ab");
+  if (file1_ == nullptr) {
+    try {
+      opts.Current().bDebug = 0;
+    } catch (const RuntimeError&) {
+    }
+    if (!bQuiet) {
+      shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
+                    "Error: DebugOpen", "powerup2.mp3");
+    }
+    frmMain.SetMenuChecked(Menu::menUseDL, false);
+    return;
+  }
+  DebugHeader();
+}
+
+void DebugLog::DebugExit() {
+  DebugMark(1);
+  Print("Games played=" + NumText(int64_t{game.gnGameNum}));
+  Print("Exit Program - " + DateTimeText());
+  Print("");
+  if (file1_ != nullptr) {
+    std::fclose(file1_);
+    file1_ = nullptr;
+  }
+}
+
+void DebugLog::DebugClear() {
+  DebugExit();
+  DebugOpen(true, false);
+  Print("| Log cleared");
+  DebugMark(2);
+}
+
+void DebugLog::DebugClose() {
+  shell.ShowMsg("Would you like to save the existing log file?", 4, "Close Log File", "comp-save debug log.mp3");
+  if (shell.gnMsgReturn != 6) {
+    try {
+      DeleteFile(kFileName);
+    } catch (const RuntimeError&) {
+      // A log that is already gone is not reported.
+    }
+  }
+}
+
+void DebugLog::DebugWriteAll() {
+  if (dumpState) dumpState(*this);
+}
+
+void DebugLog::Flush() {
+  if (file1_ == nullptr) return;
+  std::fclose(file1_);
+  file1_ = std::fopen(kFileName, "ab");
+}
+
+}  // namespace sw

@@ -1,0 +1,77 @@
+#pragma once
+// The debug log "SWDebug.log": one trace line per procedure while logging is
+// on, separators, a header when opened and an exit block when closed.
+#include <array>
+#include <cstdint>
+#include <cstdio>
+#include <functional>
+#include <string>
+
+#include "runtime/Value.h"
+
+namespace sw {
+
+class Skitterweb;
+class Options;
+class Shell;
+class Game;
+class IMainWindow;
+
+// What a procedure hands to the debug log. An empty name marks a free slot.
+struct TraceRecord {
+  std::string szProc;
+  bool bBegin = false;
+  std::array<std::string, 3> szInName;
+  std::array<Value, 3> vInValue;
+  std::string szReturnName;
+  Value vReturnValue;
+  std::array<std::string, 3> szVarName;
+  std::array<Value, 3> vVarValue;
+  std::string szComment;
+};
+
+class DebugLog {
+ public:
+  static constexpr const char* kFileName = "SWDebug.log";
+  static constexpr const char* kVersion = "1.14";
+
+  explicit DebugLog(Skitterweb& sw);
+  ~DebugLog();
+  DebugLog(const DebugLog&) = delete;
+  DebugLog& operator=(const DebugLog&) = delete;
+
+  // True when the current player's debug flag is set (the test every procedure makes).
+  bool On() const;
+
+  // The text of a trace line (and its comment line, if any), without the separators.
+  static std::string TraceLines(const TraceRecord& rec);
+
+  void DebugWrite(const TraceRecord& rec, bool bMark = false, bool bDumpAll = false);
+  void DebugMark(int16_t nType);
+  void DebugOpen(bool bClear, bool bQuiet);
+  void DebugHeader();
+  void DebugExit();
+  void DebugClear();
+  void DebugClose();
+  // The state dump. Until a dump is attached (dumpState) it writes nothing.
+  void DebugWriteAll();
+  std::function<void(DebugLog&)> dumpState;
+
+  // Print #1: one line, ended by CR LF. Does nothing while file 1 is closed.
+  void Print(const std::string& line);
+  bool IsOpen() const { return file1_ != nullptr; }
+  // Closes file 1 and opens it again for appending (every 50th game).
+  void Flush();
+
+  // Current date and time in the system's short date and long time forms.
+  static std::string DateTimeText();
+
+ private:
+  Options& opts;
+  Shell& shell;
+  Game& game;
+  IMainWindow& frmMain;
+  std::FILE* file1_ = nullptr;
+};
+
+}  // namespace sw

@@ -1,0 +1,87 @@
+#pragma once
+// The one seam between the game model and the screen. The main window
+// implements it; tests replace it by a recording fake with scripted answers.
+#include <cstdint>
+#include <string>
+
+namespace sw {
+
+// What a map cell shows. Player1..Player9 are imgPlayer(1..9), one per facing.
+enum class Picture : int16_t {
+  None = 0,
+  Player1 = 1, Player2, Player3, Player4, Player5, Player6, Player7, Player8, Player9,
+  Death = 10,     // imgDeath
+  Virus = 11,     // imgVirus
+  Infected = 12,  // imgInfected
+};
+inline Picture PlayerPicture(int16_t nDir) {
+  return (nDir >= 1 && nDir <= 9) ? static_cast<Picture>(nDir) : Picture::Player5;
+}
+
+// The labels of the information bar that the model writes.
+enum class Label { lblScore, lblHighScore, lblReconnects, lblSitesHit, lblVirus, lblNetLag, lblDiff, lblPUTimer };
+
+// Mouse pointers of the main window.
+enum class Pointer { Custom, Hourglass, Arrow };
+
+// Menu items whose check mark or enabled state the model changes.
+enum class Menu {
+  menSound, menGrid, menUseDL, menClearDL, menMarkDL,
+  menDiffLevel1, menDiffLevel2, menDiffLevel3, menDiffLevel4,
+  menStartSiteNum0, menStartSiteNum1, menStartSiteNum2, menStartSiteNum3, menStartSiteNum4,
+  menStartSiteNum5, menStartSiteNum6, menStartSiteNum7, menStartSiteNum8, menStartSiteNum9,
+};
+
+// Colours are 24-bit values with red in the low byte (&HBBGGRR).
+namespace color {
+constexpr uint32_t Black = 0x000000;
+constexpr uint32_t White = 0xFFFFFF;
+constexpr uint32_t Red = 0x0000FF;
+constexpr uint32_t Yellow = 0x00FFFF;
+constexpr uint32_t Blue = 0xFF0000;
+constexpr uint32_t Silver = 0xC0C0C0;
+inline constexpr uint32_t RGB(uint32_t r, uint32_t g, uint32_t b) { return r | (g << 8) | (b << 16); }
+}  // namespace color
+
+class IMainWindow {
+ public:
+  virtual ~IMainWindow() = default;
+
+  // grdMap: make (nCol, nRow) the current cell and set its picture (None erases it).
+  virtual void SetCellPicture(int16_t nCol, int16_t nRow, Picture pic) = 0;
+  // frmMain.Refresh: repaint the window now.
+  virtual void Refresh() = 0;
+  // SetSize and SetGrid: window and grid geometry from gnMapCols, gnMapRows and bGrid.
+  virtual void SetSize() = 0;
+  virtual void SetGrid() = 0;
+
+  // A label's caption, and its back and fore colours.
+  virtual void SetCaption(Label lbl, const std::string& text) = 0;
+  virtual void SetLabelColors(Label lbl, uint32_t backColor, uint32_t foreColor) = 0;
+
+  // pbrNetLag, the net-lag bar.
+  virtual uint32_t LagBarColor() const = 0;
+  virtual int32_t LagBarMax() const = 0;
+  virtual void SetLagBarColor(uint32_t barColor) = 0;
+  virtual void SetLagBarValue(int32_t value) = 0;
+  virtual void SetLagBarRange(int32_t min, int32_t max) = 0;
+
+  // frmMsgBox: show the dialog modally with button set nButtons (0 OK, 1 OK/Cancel,
+  // 4 Yes/No) and return the answer code (1 OK, 2 Cancel, 6 Yes, 7 No).
+  virtual int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) = 0;
+
+  // mmcSound: the media control. Commands are "Stop", "Close", "Open" and "Play".
+  virtual void SetSoundFileName(const std::string& fileName) = 0;
+  virtual void SoundCommand(const std::string& command) = 0;
+
+  // The timed pause: pointer, sleep, then the pending window events.
+  virtual void SetPointer(Pointer p) = 0;
+  virtual void Sleep(int32_t ms) = 0;
+  virtual void DoEvents() = 0;
+
+  // Menu check marks and enabled states.
+  virtual void SetMenuChecked(Menu item, bool checked) = 0;
+  virtual void SetMenuEnabled(Menu item, bool enabled) = 0;
+};
+
+}  // namespace sw

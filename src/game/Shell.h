@@ -1,0 +1,41 @@
+#pragma once
+// The model's side of the main window: the timed pause, the program's own
+// message box and sound playback, each reached through the window seam.
+#include <cstdint>
+#include <string>
+
+namespace sw {
+
+class Skitterweb;
+class Options;
+class DebugLog;
+class IMainWindow;
+class RuntimeError;
+
+class Shell {
+ public:
+  explicit Shell(Skitterweb& sw);
+
+  int16_t gbSleepOn = 0;    // a timed pause is running; key presses are dropped
+  int16_t gnMsgReturn = 0;  // the answer of the last message box: 1 OK, 2 Cancel, 6 Yes, 7 No
+
+  // Hourglass, sleep ms, custom pointer, pending window events; gbSleepOn meanwhile.
+  void SleepTurn(int32_t ms);
+  // The only message box. nButtons: 0 OK, 1 OK/Cancel, 4 Yes/No. Answer in gnMsgReturn.
+  void ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle, const std::string& szSound);
+  // Plays a file of the sounds folder, cutting off the last one; nothing while sound is off.
+  void PlaySound(const std::string& szFileName);
+  // A run-time error caught in procedure szProc: traced, then shown with the
+  // title "Error: " + szProc and the sound "powerup2.mp3"; the program goes on.
+  void ReportError(const std::string& szProc, const RuntimeError& err);
+
+  // The folder the sound files are named in.
+  static constexpr const char* kSoundFolder = ".\\sounds\\";
+
+ private:
+  Options& opts;
+  DebugLog& dbg;
+  IMainWindow& frmMain;
+};
+
+}  // namespace sw

@@ -1,0 +1,21 @@
+#pragma once
+// Files in the current directory, by their bare names. A failure raises the
+// run-time error that matches it (53 for a missing file, 61 for a full disk ...).
+#include <string>
+
+namespace sw {
+
+// The whole file as bytes ("Open ... For Binary", read its length).
+std::string ReadWholeFile(const std::string& name);
+// Replaces the file with the bytes, crash-safe: the bytes go to a temporary
+// beside it, are flushed to disk, then renamed over the old file, so the old
+// file stays whole until the new one is complete.
+void WriteFileAtomic(const std::string& name, const std::string& bytes);
+// Appends or truncates-and-writes in place (used by the debug log and the
+// short-lived temporary files).
+void WriteFile(const std::string& name, const std::string& bytes);
+// "Kill": deletes a file; a missing file raises 53.
+void DeleteFile(const std::string& name);
+bool FileExists(const std::string& name);
+
+}  // namespace sw

@@ -1,0 +1,123 @@
+#!/usr/bin/env python3
+"""make_player_svgs.py - write the eight moving facings of Whisk the mouse.
+
+Whisk is drawn once, top-down and facing up, in MOUSE below; each facing file
+(keypad numbering: 8 up, 9 up-right, 6 right, 3 down-right, 2 down,
+1 down-left, 4 left, 7 up-left) rotates that group about the centre (32,32).
+player5.svg (sitting, facing the viewer) is hand-drawn separately.
+
+Usage:  tools/make_player_svgs.py [OUTPUT_DIR]   (default: <repo>/assets/pictures)
+"""
+import os
+import sys
+
+# keypad digit -> clockwise rotation in degrees (0 = facing up)
+FACINGS = {8: 0, 9: 45, 6: 90, 3: 135, 2: 180, 1: 225, 4: 270, 7: 315}
+NAMES = {8: "up", 9: "up-right", 6: "right", 3: "down-right", 2: "down",
+         1: "down-left", 4: "left", 7: "up-left"}
+
+# Shared defs.  The fur gradient lives in userSpaceOnUse coordinates, so it
+# turns together with the mouse.
+DEFS = """\
+  <defs>
+    <radialGradient id="fur" gradientUnits="userSpaceOnUse" cx="29" cy="30" r="24" fx="28" fy="26">
+      <stop offset="0" stop-color="#c4b3a2"/>
+      <stop offset="0.55" stop-color="#9c8777"/>
+      <stop offset="1" stop-color="#6e5b4e"/>
+    </radialGradient>
+    <radialGradient id="head" gradientUnits="userSpaceOnUse" cx="30" cy="17" r="14" fx="29" fy="14">
+      <stop offset="0" stop-color="#cdbdad"/>
+      <stop offset="0.6" stop-color="#a28e7e"/>
+      <stop offset="1" stop-color="#7a6657"/>
+    </radialGradient>
+    <radialGradient id="ear" cx="0.45" cy="0.5" r="0.55">
+      <stop offset="0" stop-color="#ffc9d2"/>
+      <stop offset="1" stop-color="#e98a9c"/>
+    </radialGradient>
+  </defs>
+"""
+
+# Whisk, top-down, nose up.  Everything stays within ~29 units of (32,32) so
+# that no rotation gets clipped by the 64x64 viewBox.
+MOUSE = """\
+    <!-- tail: dark outline stroke under a pink stroke -->
+    <path d="M32 50 C31 56 36 60 42 58 C47 56.5 49 52 53.5 52" fill="none"
+          stroke="#3a2c27" stroke-width="4.2" stroke-linecap="round"/>
+    <path d="M32 50 C31 56 36 60 42 58 C47 56.5 49 52 53.5 52" fill="none"
+          stroke="#ee9fae" stroke-width="2.4" stroke-linecap="round"/>
+    <!-- paws peeking out under the body -->
+    <g fill="#f3a9b7" stroke="#3a2c27" stroke-width="1.2">
+      <ellipse cx="20.2" cy="33.5" rx="2.3" ry="2.9" transform="rotate(-35 20.2 33.5)"/>
+      <ellipse cx="43.8" cy="33.5" rx="2.3" ry="2.9" transform="rotate(35 43.8 33.5)"/>
+      <ellipse cx="19.6" cy="48.6" rx="2.7" ry="3.9" transform="rotate(-40 19.6 48.6)"/>
+      <ellipse cx="44.4" cy="48.6" rx="2.7" ry="3.9" transform="rotate(40 44.4 48.6)"/>
+    </g>
+    <!-- body -->
+    <path d="M32 22 C40 22 45.5 30 45.5 39 C45.5 47.5 39.5 53.5 32 53.5
+             C24.5 53.5 18.5 47.5 18.5 39 C18.5 30 24 22 32 22 Z"
+          fill="url(#fur)" stroke="#3a2c27" stroke-width="1.6"/>
+    <!-- soft spine highlight -->
+    <ellipse cx="30.5" cy="37" rx="5" ry="10" fill="#fff3e6" fill-opacity="0.28"/>
+    <!-- ears (behind the head) -->
+    <g stroke="#3a2c27" stroke-width="1.5">
+      <ellipse cx="21.6" cy="23.2" rx="7.6" ry="6.9" fill="#9c8777" transform="rotate(-20 21.6 23.2)"/>
+      <ellipse cx="42.4" cy="23.2" rx="7.6" ry="6.9" fill="#9c8777" transform="rotate(20 42.4 23.2)"/>
+    </g>
+    <ellipse cx="21.2" cy="23.6" rx="5.3" ry="4.6" fill="url(#ear)" transform="rotate(-20 21.2 23.6)"/>
+    <ellipse cx="42.8" cy="23.6" rx="5.3" ry="4.6" fill="url(#ear)" transform="rotate(20 42.8 23.6)"/>
+    <!-- head -->
+    <path d="M32 7 C36 7 41.8 15 41.8 21.5 C41.8 27.3 37.5 30.8 32 30.8
+             C26.5 30.8 22.2 27.3 22.2 21.5 C22.2 15 28 7 32 7 Z"
+          fill="url(#head)" stroke="#3a2c27" stroke-width="1.6"/>
+    <!-- light muzzle -->
+    <ellipse cx="32" cy="12.5" rx="3.6" ry="4.2" fill="#eadbcc" fill-opacity="0.7"/>
+    <!-- whiskers -->
+    <g stroke="#3a2c27" stroke-width="0.7" stroke-linecap="round" fill="none" stroke-opacity="0.75">
+      <path d="M29.6 11.5 Q24 9.5 19.5 10"/>
+      <path d="M29.4 12.8 Q24 13 19 15.5"/>
+      <path d="M34.4 11.5 Q40 9.5 44.5 10"/>
+      <path d="M34.6 12.8 Q40 13 45 15.5"/>
+    </g>
+    <!-- eyes with highlights -->
+    <ellipse cx="27.3" cy="18" rx="2.5" ry="2.8" fill="#1d1411"/>
+    <ellipse cx="36.7" cy="18" rx="2.5" ry="2.8" fill="#1d1411"/>
+    <circle cx="26.5" cy="17" r="1" fill="#ffffff"/>
+    <circle cx="35.9" cy="17" r="1" fill="#ffffff"/>
+    <circle cx="28.1" cy="19.3" r="0.45" fill="#ffffff" fill-opacity="0.8"/>
+    <circle cx="37.5" cy="19.3" r="0.45" fill="#ffffff" fill-opacity="0.8"/>
+    <!-- nose -->
+    <circle cx="32" cy="8" r="2.2" fill="#f07c93" stroke="#3a2c27" stroke-width="1.1"/>
+    <circle cx="31.3" cy="7.4" r="0.6" fill="#ffffff" fill-opacity="0.85"/>
+"""
+
+
+def svg(digit: int) -> str:
+    angle = FACINGS[digit]
+    rot = f' transform="rotate({angle} 32 32)"' if angle else ""
+    return (
+        '<?xml version="1.0" encoding="UTF-8"?>\n'
+        f'<!-- Skitterweb: Whisk the mouse, moving {NAMES[digit]} (keypad {digit}).'
+        ' Generated by tools/make_player_svgs.py -->\n'
+        '<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny"\n'
+        '     width="64" height="64" viewBox="0 0 64 64">\n'
+        f"{DEFS}"
+        f'  <g id="whisk"{rot}>\n'
+        f"{MOUSE}"
+        "  </g>\n"
+        "</svg>\n"
+    )
+
+
+def main() -> None:
+    here = os.path.dirname(os.path.abspath(__file__))
+    out = sys.argv[1] if len(sys.argv) > 1 else os.path.join(here, "..", "assets", "pictures")
+    os.makedirs(out, exist_ok=True)
+    for digit in FACINGS:
+        path = os.path.join(out, f"player{digit}.svg")
+        with open(path, "w", encoding="utf-8") as fh:
+            fh.write(svg(digit))
+        print(os.path.normpath(path))
+
+
+if __name__ == "__main__":
+    main()
