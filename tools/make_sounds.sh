@@ -36,6 +36,8 @@ tmp="$(mktemp -d)"
 trap 'rm -rf "$tmp"' EXIT
 
 RATE=44100
+# Levels: voices peak at -1 dBFS; the synthetic effects are normalised lower
+# (-3 to -10 dBFS peak) so that their loudness (RMS) sits near the voices'.
 SOX=(sox -R -D -V1)          # repeatable, no dither, only errors
 
 # encode WAV -> MP3 (mono, 64 kbit/s CBR, no tags)
@@ -98,7 +100,7 @@ tone "$tmp/b2s.wav" 0.20 square 659 0.004 0.08 gain -16
 tone "$tmp/b2t.wav" 0.20 sine   659 0.004 0.08 gain -6
 "${SOX[@]}" -m "$tmp/b1s.wav" "$tmp/b1t.wav" "$tmp/b1.wav"
 "${SOX[@]}" -m "$tmp/b2s.wav" "$tmp/b2t.wav" "$tmp/b2.wav"
-"${SOX[@]}" "$tmp/b1.wav" "$tmp/b2.wav" "$tmp/blip.wav" pad 0 0.04 gain -n -3
+"${SOX[@]}" "$tmp/b1.wav" "$tmp/b2.wav" "$tmp/blip.wav" pad 0 0.04 gain -n -10
 encode "$tmp/blip.wav" "$out/powerup2.mp3"
 
 # question2: rising two-tone query (second tone glides up a little: "hm?")
@@ -106,7 +108,7 @@ tone "$tmp/q1.wav" 0.12 triangle 587 0.005 0.03 gain -4
 "${SOX[@]}" -n -r "$RATE" -c 1 -b 16 "$tmp/q2.wav" synth 0.24 triangle 830:900 \
     fade q 0.005 -0 0.10 gain -4
 "${SOX[@]}" "$tmp/q1.wav" "$tmp/q2.wav" "$tmp/query.wav" pad 0 0.04 \
-    echo 0.8 0.6 70 0.18 gain -n -3
+    echo 0.8 0.6 70 0.18 gain -n -7
 encode "$tmp/query.wav" "$out/question2.mp3"
 
 # ammopu3: link / teleport zap - fast exponential sweep up with a buzzy layer
@@ -115,7 +117,7 @@ encode "$tmp/query.wav" "$out/question2.mp3"
 "${SOX[@]}" -n -r "$RATE" -c 1 -b 16 "$tmp/z2.wav" synth 0.32 sawtooth 90/1600 \
     tremolo 38 70 lowpass 3500 fade q 0.003 -0 0.10 gain -14
 "${SOX[@]}" -m "$tmp/z1.wav" "$tmp/z2.wav" "$tmp/zap.wav" \
-    phaser 0.8 0.74 3 0.4 2 -t pad 0 0.05 gain -n -2
+    phaser 0.8 0.74 3 0.4 2 -t pad 0 0.05 gain -n -6
 encode "$tmp/zap.wav" "$out/ammopu3.mp3"
 
 # jad0025a3: bright bonus chime - C6 E6 G6 C7 arpeggio, bell-like decays
@@ -135,7 +137,7 @@ done
 "${SOX[@]}" -m "${parts[@]}" "$tmp/arp.wav"
 # (kept as separate sox runs: chaining reverb with fade/trim confuses sox's
 #  idea of the audio length)
-"${SOX[@]}" "$tmp/arp.wav" "$tmp/chime.wav" pad 0 0.12 reverb 20 50 60 gain -n -2
+"${SOX[@]}" "$tmp/arp.wav" "$tmp/chime.wav" pad 0 0.06 reverb 20 50 60 gain -n -3
 encode "$tmp/chime.wav" "$out/jad0025a3.mp3"
 
 # ----------------------------------------------------------------- report --
