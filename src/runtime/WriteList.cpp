@@ -108,6 +108,11 @@ ListItem ListReader::ReadItem() {
   bool more = false;
   ListItem item = ParseItem(rest, p, more);
   pos_ += p;
+  // The item's delimiter is consumed with it: a comma, or the line's end.
+  if (!more) {
+    if (pos_ < content_.size() && content_[pos_] == '\r') ++pos_;
+    if (pos_ < content_.size() && content_[pos_] == '\n') ++pos_;
+  }
   return item;
 }
 
