@@ -52,7 +52,8 @@ std::string DebugLog::TraceLines(const TraceRecord& rec) {
 
 void DebugLog::Print(const std::string& line) {
   if (file1_ == nullptr) return;
-  std::fputs(line.c_str(), file1_);
+  // Written by length: a value may hold a character 0 (a key with no code).
+  std::fwrite(line.data(), 1, line.size(), file1_);
   std::fputs("\r\n", file1_);
   std::fflush(file1_);
 }
@@ -60,7 +61,8 @@ void DebugLog::Print(const std::string& line) {
 void DebugLog::DebugWrite(const TraceRecord& rec, bool bMark, bool bDumpAll) {
   if (bMark) DebugMark(bDumpAll ? 3 : 1);
   if (file1_ != nullptr) {
-    std::fputs(TraceLines(rec).c_str(), file1_);
+    const std::string lines = TraceLines(rec);
+    std::fwrite(lines.data(), 1, lines.size(), file1_);
     std::fflush(file1_);
   }
   if (bDumpAll) DebugWriteAll();

@@ -70,6 +70,10 @@ class Game {
   int16_t gnLag = 0;
   int16_t gnColorLag = 0;
 
+  // Test hook: when false, StartGame leaves the random generator as it is
+  // instead of seeding it from the timer, so a test can seed it itself.
+  bool bSeedFromTimer = true;
+
   // ---- lookups and drawing
   int16_t SamePos(const CoordPair& a, const CoordPair& b);
   void SetPos(CoordPair& ct, int16_t nCol, int16_t nRow);
@@ -112,6 +116,15 @@ class Game {
   void LagDown();
 
  private:
+  // The difficulty of the current options record (1 easy .. 4 nightmare).
+  int16_t Diff() const;
+  // One cell drawn at random: column first, then row.
+  CoordPair RandomCell();
+  // The commands of Form_KeyPress. Each returns false when the command ended
+  // early (no exit trace).
+  bool MoveCommand(int16_t nDir, CoordPair& ctTarget);
+  bool LinkCommand();
+
   Options& opts;
   DebugLog& dbg;
   Shell& shell;

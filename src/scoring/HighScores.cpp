@@ -1,10 +1,110 @@
+// The webmaster lists in memory: who earns a place at the end of a game, and
+// entering the game into the places earned.
 #include "scoring/HighScores.h"
 
 #include "game/Skitterweb.h"
+#include "runtime/NumText.h"
+#include "runtime/RuntimeError.h"
 
 namespace sw {
 
 HighScores::HighScores(Skitterweb& sw)
     : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), game(sw.game), score(sw.score) {}
+
+void HighScores::ClearAll() {
+  for (auto& type : gwHighScores)
+    for (auto& diff : type)
+      for (auto& entry : diff) entry = WebmasterEntry{};
+}
+
+namespace {
+
+// The first slot of the list that the score (with its sites) beats; 0 for none.
+int16_t SlotEarned(const WebmasterEntry (&list)[11], int32_t lScore, int16_t nSites) {
+  for (int16_t i = 1; i <= 10; ++i) {
+    const WebmasterEntry& e = list[i];
+    if (lScore > e.lScore || (lScore == e.lScore && nSites > e.nSites)) return i;
+  }
+  return 0;
+}
+
+// Slots nSlot..9 move one place down (the tenth entry is lost); the new entry takes nSlot.
+void InsertAt(WebmasterEntry (&list)[11], int16_t nSlot, int32_t lScore, int16_t nSites) {
+  for (int16_t i = 9; i >= nSlot; --i) list[i + 1] = list[i];
+  list[nSlot] = WebmasterEntry{lScore, nSites, ""};
+}
+
+int16_t CheckedDiff(const Options& opts) {
+  const int16_t nDiff = opts.Current().nDiff;
+  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
+  return nDiff;
+}
+
+}  // namespace
+
+void HighScores::CheckHighScore() {
+  // The board is only being prepared: no game has been played.
+  if (game.gbGameInit) return;
+  try {
+    gnGlobalSlot = 0;
+    gnPersonalSlot = 0;
+    const int16_t nDiff = CheckedDiff(opts);
+    if (score.glScore != 0) {
+      gnGlobalSlot = SlotEarned(gwHighScores[kAllTime][nDiff], score.glScore, game.gnSitesHit);
+      gnPersonalSlot = SlotEarned(gwHighScores[kPersonal][nDiff], score.glScore, game.gnSitesHit);
+    }
+    if (gnGlobalSlot <= 0 && gnPersonalSlot <= 0) return;
+
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "CheckHighScore";
+      rec.szInName = {"glScore", "gopOpts(gnOpt).nDiff", ""};
+      rec.vInValue[0] = score.glScore;
+      rec.vInValue[1] = nDiff;
+      rec.szVarName = {"gnGlobalSlot", "gnPersonalSlot", ""};
+      rec.vVarValue[0] = gnGlobalSlot;
+      rec.vVarValue[1] = gnPersonalSlot;
+      dbg.DebugWrite(rec);
+    }
+    shell.ShowMsg(std::string("Well done!  A new high score!") + "\n" + "You shall be added to the webmaster lists!", 0,
+                  "New Webmaster", "comp-webmaster qualify.mp3");
+    AddHighScore();
+  } catch (const RuntimeError& err) {
+    shell.ReportError("CheckHighScore", err);
+  }
+}
+
+void HighScores::AddHighScore() {
+  try {
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "AddHighScore";
+      rec.szVarName = {"gnGlobalSlot", "gnPersonalSlot", ""};
+      rec.vVarValue[0] = gnGlobalSlot;
+      rec.vVarValue[1] = gnPersonalSlot;
+      dbg.DebugWrite(rec);
+    }
+    const int16_t nDiff = CheckedDiff(opts);
+    // The names stay empty until the player types one into the webmaster lists.
+    if (gnGlobalSlot > 0 && gnGlobalSlot <= 10)
+      InsertAt(gwHighScores[kAllTime][nDiff], gnGlobalSlot, score.glScore, game.gnSitesHit);
+    if (gnPersonalSlot > 0 && gnPersonalSlot <= 10)
+      InsertAt(gwHighScores[kPersonal][nDiff], gnPersonalSlot, score.glScore, game.gnSitesHit);
+  } catch (const RuntimeError& err) {
+    shell.ReportError("AddHighScore", err);
+  }
+}
+
+void HighScores::ShowHighScores(int16_t nType, int16_t nDiff) {
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "ShowHighScores";
+    rec.szInName = {"nType", "nDiff", ""};
+    rec.vInValue[0] = nType;
+    rec.vInValue[1] = nDiff;
+    dbg.DebugWrite(rec);
+  }
+  if (showDialog) showDialog(nType, nDiff);
+}
 
 }  // namespace sw

@@ -1,9 +1,219 @@
+// Score events, site bonuses, extra reconnects and the queue of score messages.
 #include "scoring/Score.h"
 
 #include "game/Skitterweb.h"
+#include "runtime/Checked.h"
+#include "runtime/NumText.h"
 
 namespace sw {
 
 Score::Score(Skitterweb& sw) : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), game(sw.game), frmMain(sw.frmMain) {}
+
+int16_t Score::Diff() const {
+  const int16_t nDiff = opts.Current().nDiff;
+  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
+  return nDiff;
+}
+
+void Score::InitScore() {
+  glScoreMod = {0, 1, 5, 25, 150};
+  glExtraLifeBonus = {0, 2000, 10000, 25000, 60000};
+  gnScoreMesgNum = 0;
+  gsmScoreMesg.assign(1, ScoreMesg{});
+  glBasePoints = {0, 3, 20, 1, 2, 25, 45, 5, 1};
+  game.gbScoreNoLinkSite = -1;
+  game.gnMoveCount = 0;
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "InitScore";
+    rec.szVarName[0] = "gnScoreMesgNum";
+    rec.vVarValue[0] = gnScoreMesgNum;
+    dbg.DebugWrite(rec);
+  }
+  SetPoints();
+}
+
+void Score::SetPoints() {
+  try {
+    const int16_t nDiff = Diff();
+    for (size_t i = 1; i <= 8; ++i) glPoints[i] = Mul32(glScoreMod[static_cast<size_t>(nDiff)], glBasePoints[i]);
+    if (dbg.On()) {
+      std::string list = "{ ";
+      for (size_t i = 1; i <= 8; ++i) list += NumText(int64_t{glPoints[i]}) + " ";
+      list += "}";
+      TraceRecord rec;
+      rec.szProc = "SetPoints";
+      rec.szVarName = {"gopOpts(gnOpt).nDiff", "glScoreMod(gopOpts(gnOpt).nDiff)",
+                       "glPoints(1-" + NumText(int64_t{8}) + ")"};
+      rec.vVarValue[0] = nDiff;
+      rec.vVarValue[1] = glScoreMod[static_cast<size_t>(nDiff)];
+      rec.vVarValue[2] = list;
+      dbg.DebugWrite(rec);
+    }
+  } catch (const RuntimeError& err) {
+    shell.ReportError("SetPoints", err);
+  }
+}
+
+// No error handler here: an overflow passes to the caller.
+void Score::AddPoints(int16_t nEvent) {
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "AddPoints";
+    rec.szInName[0] = "nEvent";
+    rec.vInValue[0] = nEvent;
+    rec.szVarName[0] = "original glScore";
+    rec.vVarValue[0] = glScore;
+    dbg.DebugWrite(rec);
+  }
+
+  const int16_t nDiff = Diff();
+  const size_t d = static_cast<size_t>(nDiff);
+  const bool bValid = nEvent >= 1 && nEvent <= 8;
+  int32_t lBonus = 0;
+
+  if (!bValid) {
+    shell.ShowMsg("Invalid score event [" + NumText(int64_t{nEvent}) + "]", 0, "AddPoints Error", "");
+  } else {
+    switch (nEvent) {
+      case 1: case 3: case 4:
+        lBonus = glPoints[static_cast<size_t>(nEvent)];
+        glScore = Add32(glScore, lBonus);
+        break;
+      case 2:
+        // Grows with the sites already hit (the count before this one).
+        lBonus = Add32(glPoints[2], Mul16(Mul16(glScoreMod[d], 2), game.gnSitesHit));
+        glScore = Add32(glScore, lBonus);
+        AddPoints(5);
+        AddPoints(6);
+        AddPoints(8);
+        break;
+      case 5:
+        if (game.gbScoreNoLinkSite) {
+          lBonus = glPoints[5];
+          glScore = Add32(glScore, lBonus);
+          shell.ShowMsg(std::string("Amazing!  You hit the site without having to link!") + "\n" + "Bonus " +
+                            FormatThousands(lBonus) + " points awarded!",
+                        0, "Bonus Points", "jad0025a3.mp3");
+        }
+        break;
+      case 6:
+        if (game.gnMoveCount <= 8) {
+          lBonus = CLng(static_cast<double>(Mul32(Sub16(10, game.gnMoveCount), glPoints[6])) / 9.0);
+          glScore = Add32(glScore, lBonus);
+          shell.ShowMsg("Good job!  You hit the site making only " + NumText(int64_t{game.gnMoveCount}) + " moves!" +
+                            "\n" + "Bonus " + FormatThousands(lBonus) + " points awarded!",
+                        0, "Bonus Points", "jad0025a3.mp3");
+        }
+        break;
+      case 8:
+        // Easy has no lag, so no low-lag bonus either.
+        if (nDiff != 1) {
+          switch (game.gbScoreMinLag) {
+            case 1: lBonus = Mul32(8, glPoints[8]); break;
+            case 2: lBonus = Mul32(4, glPoints[8]); break;
+            case 3: lBonus = Mul32(2, glPoints[8]); break;
+            default: lBonus = 0; break;
+          }
+          glScore = Add32(glScore, lBonus);
+        }
+        break;
+      default:  // 7: reserved, scores nothing
+        break;
+    }
+    frmMain.SetCaption(Label::lblScore, FormatThousands(glScore));
+  }
+
+  // At most one extra reconnect per call.
+  std::string szExtraName;
+  Value vExtra;
+  if (glScore >= glNextExtraLife) {
+    const int32_t lThreshold = glNextExtraLife;
+    if (game.gnReconnects < 5) {
+      game.gnReconnects = Add16(game.gnReconnects, 1);
+      frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
+      AddScoreMesg(std::string("Unbelieveable!  You have earned an extra reconnect!") + "\n" + "Keep going, webmaster!",
+                   "comp-extra life.mp3", 0, "Extra Reconnect");
+      szExtraName = "gnReconnects (bonus at score: " + FormatThousands(lThreshold) + ")";
+      vExtra = game.gnReconnects;
+    } else {
+      // Worked out at 16 bits: on hard and nightmare this overflows.
+      const int16_t nBonus = Mul16(glScoreMod[d], 1500);
+      glScore = Add32(glScore, nBonus);
+      frmMain.SetCaption(Label::lblScore, FormatThousands(glScore));
+      AddScoreMesg(std::string("This is unheard of!  You have earned an extra reconnect but you already have the "
+                               "maximum number of reconnects!") +
+                       "\n" + "You get " + FormatThousands(nBonus) + " extra points instead!",
+                   "comp-extra life.mp3", 0, "Extra Reconnect");
+      szExtraName = "Extra reconnect bonus (bonus at score: " + NumText(int64_t{lThreshold}) + ")";
+      vExtra = nBonus;
+      // The bonus itself does not count toward the next threshold.
+      glNextExtraLife = Add32(glNextExtraLife, nBonus);
+    }
+    glNextExtraLife = Add32(glNextExtraLife, glExtraLifeBonus[d]);
+  }
+
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "AddPoints";
+    rec.szInName[0] = "nEvent";
+    rec.vInValue[0] = nEvent;
+    size_t v = 0;
+    if (bValid) {
+      rec.szVarName[v] = "lBonus";
+      rec.vVarValue[v++] = lBonus;
+    }
+    if (!szExtraName.empty()) {
+      rec.szVarName[v] = szExtraName;
+      rec.vVarValue[v++] = vExtra;
+    }
+    rec.szVarName[v] = "new glScore";
+    rec.vVarValue[v] = glScore;
+    dbg.DebugWrite(rec);
+  }
+}
+
+void Score::AddScoreMesg(const std::string& szMesg, const std::string& szSound, int32_t msButtons,
+                         const std::string& szTitle) {
+  gnScoreMesgNum = Add16(gnScoreMesgNum, 1);
+  gsmScoreMesg.resize(static_cast<size_t>(gnScoreMesgNum) + 1);
+  ScoreMesg& m = gsmScoreMesg[static_cast<size_t>(gnScoreMesgNum)];
+  m.szMesg = szMesg;
+  m.msButtons = msButtons;
+  m.szTitle = szTitle;
+  m.szSound = szSound;
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "AddScoreMesg";
+    rec.szInName = {"szMesg", "msButtons", "szTitle"};
+    rec.vInValue[0] = szMesg;
+    rec.vInValue[1] = msButtons;
+    rec.vInValue[2] = szTitle;
+    rec.szVarName[0] = "gnScoreMesgNum";
+    rec.vVarValue[0] = gnScoreMesgNum;
+    rec.szComment = "szSound=" + szSound;
+    dbg.DebugWrite(rec);
+  }
+}
+
+void Score::WriteScoreMesg() {
+  if (gnScoreMesgNum == 0) return;
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "WriteScoreMesg";
+    rec.szVarName[0] = "gnScoreMesgNum";
+    rec.vVarValue[0] = gnScoreMesgNum;
+    dbg.DebugWrite(rec);
+  }
+  // Take the queue first, so that it is empty whatever the boxes lead to.
+  std::vector<ScoreMesg> queue;
+  queue.swap(gsmScoreMesg);
+  gnScoreMesgNum = 0;
+  gsmScoreMesg.assign(1, ScoreMesg{});
+  for (size_t i = 1; i < queue.size(); ++i) {
+    const ScoreMesg& m = queue[i];
+    shell.ShowMsg(m.szMesg, I16(m.msButtons), m.szTitle, m.szSound);
+  }
+}
 
 }  // namespace sw

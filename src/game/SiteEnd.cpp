@@ -1,0 +1,107 @@
+// The end of a site: the mouse's death (a reconnect spent, or game over) and
+// a site won.
+#include "game/Game.h"
+#include "game/Skitterweb.h"
+#include "runtime/Checked.h"
+#include "runtime/NumText.h"
+
+namespace sw {
+
+namespace {
+
+std::string CauseText(int16_t nCause) {
+  switch (nCause) {
+    case kWalkedOntoVirus: return "Poor little suicidal mouse! Lucky, lucky virus!";
+    case kVirusReachedMouse:
+      return "You have been infected by an skitterweb! Attempting to restore soul from backup.";
+    case kWalkedOntoInfected: return "Walked right into that one, didn't you?";
+    case kLinkedOntoVirus: return "That was a trapped link set up by those nasty viruses!  You are dead!";
+    case kLinkedOntoInfected: return "That link lead you right to an infected site!  You are dead!";
+    case kSleepingMouse: return "Sleeping mice make easy prey for those nasty little viruses!";
+    default: return "You are one dead little mouse!";
+  }
+}
+
+}  // namespace
+
+void Game::PlayerDead(int16_t nCause) {
+  try {
+    // Score news of this turn comes before the death.
+    score.WriteScoreMesg();
+    gbEndSite = -1;
+
+    DrawCell(gctPlayerPos, Picture::None);
+    frmMain.Refresh();
+    DrawCell(gctPlayerPos, Picture::Death);
+
+    const std::string szCause = CauseText(nCause);
+    gnReconnects = Sub16(gnReconnects, 1);
+
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "PlayerDead";
+      rec.szInName[0] = "nCause";
+      rec.vInValue[0] = nCause;
+      rec.szVarName = {"gbEndSite", "gnReconnects", ""};
+      rec.vVarValue[0] = gbEndSite;
+      rec.vVarValue[1] = gnReconnects;
+      dbg.DebugWrite(rec);
+    }
+
+    if (gnReconnects >= 0) {
+      frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{gnReconnects}));
+      shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " + NumText(int64_t{gnReconnects}) +
+                        " reconnects remaining. Get ready to try again!",
+                    0, "Player Died", "comp-dead.mp3");
+      InitMap();
+      return;
+    }
+
+    // No reconnect left: the game is over.
+    frmMain.SetCaption(Label::lblReconnects, "-");
+    shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", 0, "Player Died", "comp-game over.mp3");
+    hs.CheckHighScore();
+    gbGameOn = 0;
+    gbWaitOn = 0;
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "PlayerDead";
+      rec.szComment = "game over: gbGameOn=" + NumText(int64_t{gbGameOn}) + " gbWaitOn=" + NumText(int64_t{gbWaitOn});
+      dbg.DebugWrite(rec);
+    }
+    shell.ShowMsg("Would you like to play another game?", 4, "Play again?", "comp-new game.mp3");
+    if (shell.gnMsgReturn == 6) StartGame();
+  } catch (const RuntimeError& err) {
+    shell.ReportError("PlayerDead", err);
+  }
+}
+
+void Game::NewSite() {
+  try {
+    score.AddPoints(2);
+  } catch (const RuntimeError& err) {
+    // The site is won all the same: it is counted and the next one laid out.
+    shell.ReportError("NewSite", err);
+  }
+  try {
+    gnSitesHit = Add16(gnSitesHit, 1);
+    // Score news (extra reconnects) comes before the site message.
+    score.WriteScoreMesg();
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "NewSite";
+      rec.szVarName[0] = "gnSitesHit";
+      rec.vVarValue[0] = gnSitesHit;
+      dbg.DebugWrite(rec);
+    }
+    frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{gnSitesHit}));
+    shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " + NumText(int64_t{gnSitesHit}) +
+                      "!" + "\n" + "Get ready for your next web search!",
+                  0, "Site Hit", "comp-level complete.mp3");
+    InitMap();
+  } catch (const RuntimeError& err) {
+    shell.ReportError("NewSite", err);
+  }
+}
+
+}  // namespace sw

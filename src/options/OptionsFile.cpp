@@ -1,0 +1,216 @@
+// The options file "sw.opt": key/value write-list lines; records and their
+// saved control profiles are recognised by marker keys, not by nesting.
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <new>
+
+#include "debuglog/DebugLog.h"
+#include "game/MainWindow.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+#include "runtime/Checked.h"
+#include "runtime/Files.h"
+#include "runtime/NumText.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/WriteList.h"
+
+namespace sw {
+
+namespace {
+
+// A real options file is a few kilobytes per player; a file this big is not one.
+constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
+
+std::string ReadOptionsFile(const std::string& name) {
+  struct stat st {};
+  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
+  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
+  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
+  return ReadWholeFile(name);
+}
+
+// The seventeen key fields in the order the file lists them (alphabetical).
+constexpr const char* kFileKeyOrder[17] = {
+    "CPAntiVirus", "CPBackup",       "CPDedLine",     "CPLink",   "CPMoveDown",   "CPMoveDownLeft",
+    "CPMoveDownRight", "CPMoveLeft", "CPMoveRight",   "CPMoveUp", "CPMoveUpLeft", "CPMoveUpRight",
+    "CPPause",     "CPReboot",       "CPRestore",     "CPSoftUpgrade", "CPWait",
+  };
+
+int16_t ControlProfile::*KeyField(const std::string& key) {
+  for (const CommandField& f : kCommandFields)
+    if (key == f.name) return f.field;
+  return nullptr;
+}
+
+int16_t ControlProfile::*KeyFieldChecked(const char* name) {
+  int16_t ControlProfile::*field = KeyField(name);
+  if (field == nullptr) throw RuntimeError(errSubscript);
+  return field;
+}
+
+// Element i of a table, or "Subscript out of range" (9).
+template <class T>
+T& At(std::vector<T>& v, int64_t i) {
+  if (i < 0 || static_cast<uint64_t>(i) >= v.size()) throw RuntimeError(errSubscript);
+  return v[static_cast<size_t>(i)];
+}
+
+// The upper bound of a control-profile list; a record skipped by a gap has no list at all.
+int16_t UpperBound(const std::vector<ControlProfile>& cp) {
+  if (cp.empty()) throw RuntimeError(errSubscript);
+  return I16(static_cast<int64_t>(cp.size()) - 1);
+}
+
+}  // namespace
+
+void Options::LoadOptions() {
+  // Any failure ends reading at once: the message, then everything loaded is discarded.
+  auto recover = [this](const RuntimeError& err) {
+    const std::string text = std::string("Error opening the options file (") + kFileName +
+                             ").  Default game option profile will be used." + "\n\n" + "Error (" +
+                             NumText(int64_t{err.Number()}) + "): " + err.Description();
+    // The message box plays its sound by the current player's settings; when that
+    // player was never loaded, the guest's settings stand in.
+    try {
+      (void)Current();
+    } catch (const RuntimeError&) {
+      ResetToGuest();
+    }
+    shell.ShowMsg(text, 0, "Error: LoadOptions", "powerup2.mp3");
+    ResetToGuest();
+  };
+
+  try {
+    ListReader in(ReadOptionsFile(kFileName));
+    int64_t nRec = 0;    // R: the current record
+    int16_t nCP = 0;     // P: the current control profile; not reset when R changes
+
+    while (!in.Eof()) {
+      const std::vector<ListItem> items = in.ReadLine();
+      if (items.size() < 2) throw RuntimeError(errInputPastEnd);
+      const std::string& key = items[0].text;
+      const ListItem& value = items[1];
+      const double number = value.Number();
+      const int16_t flag = (value.IsNumeric() && number != 0.0) ? -1 : 0;
+      auto integer = [&] { return CInt(number); };
+      auto record = [&]() -> OptionProfile& { return At(gopOpts, nRec); };
+      auto profile = [&]() -> ControlProfile& { return At(record().cpProfile, nCP); };
+
+      if (key == "Version") {
+      } else if (key == "LastOption") {
+        gnOpt = number;
+      } else if (key == "OptionNum") {
+        nRec = integer();
+        if (nRec > gnOptMax) {
+          // Records skipped by a gap stay blank; the new last one gets the defaults.
+          gopOpts.resize(static_cast<size_t>(nRec) + 1);
+          gnOptMax = static_cast<int16_t>(nRec);
+          InitOptionProfile(gopOpts[static_cast<size_t>(nRec)]);
+        }
+      } else if (key == "UserName") {
+        record().szUserName = value.text;
+      } else if (key == "Password") {
+        record().szPassword = value.text;
+      } else if (key == "ControlProfileNum") {
+        record().nProfile = integer();
+      } else if (key == "ControlProfileName") {
+        record().szProfile = value.text;
+      } else if (key == "ControlProfileBegin") {
+        // Appended in file order whatever number the file gives.
+        std::vector<ControlProfile>& cp = record().cpProfile;
+        nCP = I16(int64_t{UpperBound(cp)} + 1);
+        cp.resize(static_cast<size_t>(nCP) + 1);
+      } else if (key == "CPName") {
+        profile().szName = value.text;
+      } else if (int16_t ControlProfile::*field = KeyField(key)) {
+        profile().*field = integer();
+      } else if (key == "Debug") {
+        record().bDebug = flag;
+      } else if (key == "Diff") {
+        record().nDiff = integer();
+      } else if (key == "Grid") {
+        record().bGrid = flag;
+      } else if (key == "Sound") {
+        record().bSound = flag;
+      } else if (key == "StartSite") {
+        record().nStartSite = integer();
+      } else if (key == "MapSize") {
+        record().nMapSize = integer();
+      } else if (key == "DownServers") {
+        record().bDownServers = flag;
+      } else if (key == "Safe") {
+        record().bSafe = flag;
+      }
+    }
+
+    // The current player may not exist at all: that too ends in the recovery.
+    if (Current().bDebug) {
+      dbg.DebugOpen(false, true);
+      if (!Current().bDebug) {
+        shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
+                      "Error: DebugOpen", "powerup2.mp3");
+        return;
+      }
+      frmMain.SetMenuChecked(Menu::menUseDL, true);
+      frmMain.SetMenuEnabled(Menu::menClearDL, true);
+      frmMain.SetMenuEnabled(Menu::menMarkDL, true);
+      TraceRecord rec;
+      rec.szProc = "LoadOptions";
+      rec.szVarName[0] = "gnOpt";
+      rec.vVarValue[0] = gnOpt;
+      rec.szVarName[1] = "gnOptMax";
+      rec.vVarValue[1] = gnOptMax;
+      dbg.DebugWrite(rec);
+    }
+  } catch (const RuntimeError& err) {
+    recover(err);
+  } catch (const std::bad_alloc&) {
+    recover(RuntimeError(7));
+  }
+}
+
+std::string Options::OptionsText() const {
+  std::string out;
+  out += WriteListLine({"Version", "1.14"});
+  out += WriteListLine({"LastOption", Str(gnOpt)});
+  for (size_t i = 1; i < gopOpts.size(); ++i) {
+    const OptionProfile& op = gopOpts[i];
+    out += WriteListLine({"OptionNum", static_cast<int64_t>(i)});
+    out += WriteListLine({"UserName", op.szUserName});
+    out += WriteListLine({"Password", op.szPassword});
+    out += WriteListLine({"ControlProfileNum", op.nProfile});
+    // Every record carries the current player's profile name.
+    out += WriteListLine({"ControlProfileName", Current().szProfile});
+    for (size_t j = 5; j < op.cpProfile.size(); ++j) {
+      const ControlProfile& cp = op.cpProfile[j];
+      out += WriteListLine({"ControlProfileBegin", static_cast<int64_t>(j)});
+      out += WriteListLine({"CPName", cp.szName});
+      for (const char* name : kFileKeyOrder) out += WriteListLine({name, cp.*KeyFieldChecked(name)});
+    }
+    out += WriteListLine({"Debug", op.bDebug});
+    out += WriteListLine({"Diff", op.nDiff});
+    out += WriteListLine({"Grid", op.bGrid});
+    out += WriteListLine({"Sound", op.bSound});
+    out += WriteListLine({"StartSite", op.nStartSite});
+    out += WriteListLine({"MapSize", op.nMapSize});
+    out += WriteListLine({"DownServers", op.bDownServers});
+    out += WriteListLine({"Safe", op.bSafe});
+  }
+  return out;
+}
+
+void Options::SaveOptions() {
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = "SaveOptions";
+    rec.szVarName[0] = "gnOpt";
+    rec.vVarValue[0] = gnOpt;
+    rec.szVarName[1] = "UBound(gopOpts)";
+    rec.vVarValue[1] = static_cast<int64_t>(gopOpts.size()) - 1;
+    dbg.DebugWrite(rec);
+  }
+  WriteFileAtomic(kFileName, OptionsText());
+}
+
+}  // namespace sw

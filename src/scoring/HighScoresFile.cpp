@@ -1,0 +1,135 @@
+// The webmaster lists file "SWhscore.dat": the plain list text, enciphered
+// with the key "tinfoil" and made printable, on one line.
+#include <sys/stat.h>
+
+#include <cerrno>
+#include <new>
+
+#include "debuglog/DebugLog.h"
+#include "game/Shell.h"
+#include "game/Skitterweb.h"
+#include "runtime/Checked.h"
+#include "runtime/Files.h"
+#include "runtime/NumText.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/WriteList.h"
+#include "scoring/Cipher.h"
+#include "scoring/HighScores.h"
+
+namespace sw {
+
+namespace {
+
+// A real webmaster file is under a kilobyte per ten names; anything this big is not one.
+constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
+
+std::string ReadListFile(const std::string& name) {
+  struct stat st {};
+  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
+  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
+  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
+  return ReadWholeFile(name);
+}
+
+// The temporary file is ours alone: it never outlives the procedure that made it.
+void RemoveTemp() {
+  try {
+    if (FileExists(HighScores::kTempName)) DeleteFile(HighScores::kTempName);
+  } catch (const RuntimeError&) {
+  }
+}
+
+// A failure of the file: traced, then shown; the game goes on.
+void ReportFileError(DebugLog& dbg, Shell& shell, const std::string& szProc, const RuntimeError& err) {
+  const std::string number = NumText(int64_t{err.Number()});
+  if (dbg.On()) {
+    TraceRecord rec;
+    rec.szProc = szProc;
+    rec.szComment = "Failed to open high score file - Error #" + number + " - " + err.Description();
+    dbg.DebugWrite(rec);
+  }
+  shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), 0,
+                "Error: " + szProc, "powerup2.mp3");
+}
+
+}  // namespace
+
+std::string HighScores::PlainText() const {
+  std::string text;
+  text.reserve(80 * 16);
+  for (int nType = kPersonal; nType <= kAllTime; ++nType)
+    for (int nDiff = 1; nDiff <= 4; ++nDiff)
+      for (int nSlot = 1; nSlot <= 10; ++nSlot) {
+        const WebmasterEntry& e = Entry(nType, nDiff, nSlot);
+        text += WriteListLine({e.lScore, e.nSites, e.szName});
+      }
+  return text;
+}
+
+void HighScores::LoadHighScores() {
+  try {
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "LoadHighScores";
+      rec.szInName[0] = "File Name";
+      rec.vInValue[0] = kFileName;
+      dbg.DebugWrite(rec);
+    }
+
+    Cipher cipher;
+    cipher.Text(ReadListFile(kFileName));
+    cipher.KeyString(kKey);
+    cipher.Shrink();
+    cipher.DoXor();
+
+    // Print the plain text to the temporary file, then input the 80 entries from it.
+    WriteFile(kTempName, cipher.Text() + "\r\n");
+    ListReader in(ReadWholeFile(kTempName));
+    for (int nType = kPersonal; nType <= kAllTime; ++nType)
+      for (int nDiff = 1; nDiff <= 4; ++nDiff)
+        for (int nSlot = 1; nSlot <= 10; ++nSlot) {
+          WebmasterEntry& e = Entry(nType, nDiff, nSlot);
+          e.lScore = CLng(in.ReadItem().Number());
+          e.nSites = CInt(in.ReadItem().Number());
+          e.szName = in.ReadItem().text;
+        }
+    DeleteFile(kTempName);
+  } catch (const RuntimeError& err) {
+    RemoveTemp();
+    ReportFileError(dbg, shell, "LoadHighScoresError", err);
+  } catch (const std::bad_alloc&) {
+    RemoveTemp();
+    ReportFileError(dbg, shell, "LoadHighScoresError", RuntimeError(7));
+  }
+}
+
+void HighScores::WriteHighScores() {
+  try {
+    if (dbg.On()) {
+      TraceRecord rec;
+      rec.szProc = "WriteHighScores";
+      rec.szInName[0] = "File Name";
+      rec.vInValue[0] = kFileName;
+      dbg.DebugWrite(rec);
+    }
+
+    WriteFile(kTempName, PlainText());
+    Cipher cipher;
+    cipher.Text(ReadWholeFile(kTempName));
+    DeleteFile(kTempName);
+    cipher.KeyString(kKey);
+    cipher.DoXor();
+    cipher.Stretch();
+
+    // One printed line; the old file stays whole until the new one is complete.
+    WriteFileAtomic(kFileName, cipher.Text() + "\r\n");
+  } catch (const RuntimeError& err) {
+    RemoveTemp();
+    ReportFileError(dbg, shell, "WriteHighScoresError", err);
+  } catch (const std::bad_alloc&) {
+    RemoveTemp();
+    ReportFileError(dbg, shell, "WriteHighScoresError", RuntimeError(7));
+  }
+}
+
+}  // namespace sw

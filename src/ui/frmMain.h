@@ -1,0 +1,168 @@
+#pragma once
+// frmMain: the main window. It owns the game model, shows the map grid and
+// the information bar, carries the menus, routes typed characters to the
+// command handler and turns a close request into the Quit command.
+#include <QCursor>
+#include <QMainWindow>
+#include <array>
+#include <cstdint>
+#include <map>
+#include <memory>
+
+#include "game/MainWindow.h"
+#include "game/Skitterweb.h"
+#include "ui/MapGrid.h"
+#include "ui/Sound.h"
+#include "ui/Twips.h"
+
+class QAction;
+class QFrame;
+class QLabel;
+class QMenu;
+
+namespace swui {
+
+class ProgBar;
+
+class frmMain : public QMainWindow, public sw::IMainWindow {
+  Q_OBJECT
+
+ public:
+  // Geometry, in twips.
+  static constexpr int32_t kCellTwips = 499;
+  static constexpr int32_t kMinWidth = 9555;
+  static constexpr int32_t kFrameHeight = 610;
+  static constexpr int32_t kInfoBarHeight = 1260;
+  static constexpr int32_t kCellGridOn = 480;
+  static constexpr int32_t kCellGridOff = 490;
+
+  explicit frmMain(QWidget* parent = nullptr);
+  ~frmMain() override;
+
+  // ---- the window's events
+  void Form_Load();
+  void Form_KeyDown(int KeyCode, int Shift);
+  void Form_MouseMove();
+  void Form_Unload();
+  void lblDiff_MouseDown(int Button);
+  void lblDiffT_MouseDown(int Button);
+  void lblVirus_Change();
+
+  // ---- menu commands
+  void menNewGame_Click();
+  void menQuit_Click();
+  void menSound_Click();
+  void menGrid_Click();
+  void menDiffLevel_Click(int16_t Index);
+  void menStartSiteNum_Click(int16_t Index);
+  void menUseDL_Click();
+  void menClearDL_Click();
+  void menAbout_Click();
+  void menCredits_Click();
+
+  // ---- IMainWindow
+  void SetCellPicture(int16_t nCol, int16_t nRow, sw::Picture pic) override;
+  void Refresh() override;
+  void SetSize() override;
+  void SetGrid() override;
+  void SetCaption(sw::Label lbl, const std::string& text) override;
+  void SetLabelColors(sw::Label lbl, uint32_t backColor, uint32_t foreColor) override;
+  uint32_t LagBarColor() const override;
+  int32_t LagBarMax() const override;
+  void SetLagBarColor(uint32_t barColor) override;
+  void SetLagBarValue(int32_t value) override;
+  void SetLagBarRange(int32_t min, int32_t max) override;
+  int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
+  void SetSoundFileName(const std::string& fileName) override;
+  void SoundCommand(const std::string& command) override;
+  void SetPointer(sw::Pointer p) override;
+  void Sleep(int32_t ms) override;
+  void DoEvents() override;
+  void SetMenuChecked(sw::Menu item, bool checked) override;
+  void SetMenuEnabled(sw::Menu item, bool enabled) override;
+
+  // ---- colours: &HBBGGRR values and Qt colours
+  static QColor ToQColor(uint32_t bgr);
+  static uint32_t FromQColor(const QColor& c);
+
+  QLabel* Caption(sw::Label lbl) const;
+  QAction* MenuAction(sw::Menu item) const;
+  sw::Pointer CurrentPointer() const { return pointer_; }
+  const Twips& twips() const { return tw_; }
+  // frmMain.Width and frmMain.Height as SetSize last worked them out (twips).
+  int32_t WidthTwips() const { return widthTw_; }
+  int32_t HeightTwips() const { return heightTw_; }
+  // True once the Quit command has ended the program.
+  bool Quitting() const { return quitting_; }
+  Sound& SoundDevice() { return mmcSound; }
+
+  // The game model; constructed first, destroyed last among the members.
+  sw::Skitterweb sw{*this};
+
+  // ---- controls
+  MapGrid* grdMap = nullptr;
+  QFrame* pctInfoBar = nullptr;
+  QLabel *lblScoreT = nullptr, *lblScore = nullptr;
+  QLabel *lblHighScoreT = nullptr, *lblHighScore = nullptr;
+  QLabel *lblReconnectsT = nullptr, *lblReconnects = nullptr;
+  QLabel *lbSitesHitT = nullptr, *lblSitesHit = nullptr;
+  QLabel *lblVirusT = nullptr, *lblVirus = nullptr;
+  QLabel *lblNetLagT = nullptr, *lblNetLag = nullptr;
+  ProgBar* pbrNetLag = nullptr;
+  QLabel *lblDiffT = nullptr, *lblDiff = nullptr;
+  QLabel *lblPUTimerT = nullptr, *lblPUTimer = nullptr;
+  QLabel *lblAntiVirusT = nullptr, *lblBackupT = nullptr, *lblRebootT = nullptr, *lblSoftUpgradeT = nullptr,
+         *lblDedLine = nullptr;
+  QFrame *shpAntiVirus = nullptr, *shpBackup = nullptr, *shpReboot = nullptr, *shpSoftUpgrade = nullptr,
+         *shpDedLine = nullptr;
+
+  // ---- menus
+  QMenu *menGame = nullptr, *menOptions = nullptr, *menDiff = nullptr, *menPowerUps = nullptr,
+        *menStartSite = nullptr, *menMapSize = nullptr, *menDebug = nullptr, *menHelp = nullptr;
+  QAction *menNewGame = nullptr, *menChangePlayer = nullptr, *menHighScores = nullptr, *menQuit = nullptr;
+  QAction *menSound = nullptr, *menGrid = nullptr, *menControls = nullptr, *menDownServers = nullptr,
+          *menSafeMode = nullptr;
+  std::array<QAction*, 5> menDiffLevel{};  // 1 to 4
+  QAction *menReboot = nullptr, *menBackup = nullptr, *menAntiVirus = nullptr, *menSoftUpgrade = nullptr,
+          *menDedLine = nullptr, *menPUDownload = nullptr;
+  std::array<QAction*, 10> menStartSiteNum{};  // 0 to 9
+  std::array<QAction*, 5> menSizeSetting{};    // 0 to 4
+  QAction *menUseDL = nullptr, *menClearDL = nullptr, *menMarkDL = nullptr;
+  QAction *menHelpFile = nullptr, *menHowPlay = nullptr, *menScoring = nullptr, *menCredits = nullptr,
+          *menAbout = nullptr;
+
+  // The hidden picture templates.
+  const PictureSet& Pictures() const { return pictures_; }
+
+ protected:
+  bool event(QEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
+  void closeEvent(QCloseEvent* e) override;
+  bool eventFilter(QObject* watched, QEvent* e) override;
+
+ private:
+  void BuildMenus();
+  void BuildInfoBar();
+  void ApplyGeometry(int32_t windowWidth, int32_t infoBarWidth);
+  QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip);
+  void SetLabelText(QLabel* label, const QString& text);
+  // Runs a command with the guard of a timed pause or Wait in force.
+  bool Refused();
+  // Hands the current score to the webmaster lists while a game is in progress.
+  void RecordGame();
+  void ShowHighScoreLabel();
+
+  Twips tw_;
+  PictureSet pictures_;
+  Sound mmcSound;
+  QCursor customPointer_;
+  sw::Pointer pointer_ = sw::Pointer::Custom;
+  QWidget* central_ = nullptr;
+  int32_t widthTw_ = 0;
+  int32_t heightTw_ = 0;
+  int32_t infoBarWidthTw_ = 0;
+  bool quitting_ = false;
+  std::map<sw::Label, QLabel*> labels_;
+};
+
+}  // namespace swui

@@ -1,0 +1,173 @@
+#include "ui/frmMsgBox.h"
+
+#include <QLabel>
+#include <QPushButton>
+#include <algorithm>
+
+namespace swui {
+
+std::function<int16_t(frmMsgBox&)> frmMsgBox::testAnswer;
+
+frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW,
+                                           int32_t windowW, int16_t nButtons) {
+  Layout l;
+  l.lblWidth = textW;
+  l.lblHeight = textH;
+  if (windowW < l.lblWidth) {
+    l.wordWrap = true;
+    l.lblWidth = windowW;
+    l.lblHeight = wrappedH;
+  }
+  if (l.lblWidth < titleW) l.lblWidth = titleW;
+
+  const int32_t H = l.lblHeight;
+  const int32_t W = l.lblWidth;
+  int32_t minWidth = 0;
+  switch (nButtons) {
+    case 0:
+      l.nButtons = 1;
+      minWidth = 1595;
+      break;
+    case 1:
+    case 4:
+      l.nButtons = 2;
+      minWidth = 2950;
+      break;
+    default:
+      l.nButtons = 0;
+      break;
+  }
+  l.height = H + 195 + 240 + 375 + 455;
+  l.width = std::max(W + 120 + 240, minWidth);
+  const int32_t D = l.width;
+  if (l.nButtons == 1) {
+    l.btnLeft[0] = (D - 120 - 1235 - 240) / 2 + 120;
+  } else if (l.nButtons == 2) {
+    l.btnLeft[0] = (D - 120 - 1235 - 120 - 1235 - 240) / 2 + 120;
+    l.btnLeft[1] = l.btnLeft[0] + 1235 + 120;
+  }
+  l.btnTop = H + 195 + 240;
+  return l;
+}
+
+frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+      tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}),
+      ownerWidth_(ownerWidth) {
+  setObjectName("frmMsgBox");
+  setModal(true);
+  setSizeGripEnabled(false);
+
+  auto makeButton = [this](const char* name, const char* caption, int16_t code) {
+    auto* b = new QPushButton(QString::fromUtf8(caption), this);
+    b->setObjectName(name);
+    b->setAccessibleName(b->text());
+    b->hide();
+    connect(b, &QPushButton::clicked, this, [this, code] { Answered(code); });
+    return b;
+  };
+  cmdCancel = makeButton("cmdCancel", "&Cancel", 2);
+  cmdNo = makeButton("cmdNo", "&No", 7);
+  cmdYes = makeButton("cmdYes", "&Yes", 6);
+  cmdOK = makeButton("cmdOK", "&Ok", 1);
+
+  lblTitleTest = new QLabel(this);
+  lblTitleTest->setObjectName("lblTitleTest");
+  lblTitleTest->setTextFormat(Qt::PlainText);
+  lblTitleTest->hide();
+
+  lblMesg = new QLabel(this);
+  lblMesg->setObjectName("lblMesg");
+  lblMesg->setTextFormat(Qt::PlainText);
+  lblMesg->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+}
+
+void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTitle) {
+  setWindowTitle(szTitle);
+  lblTitleTest->setText(szTitle);
+  lblMesg->setText(text);
+  lblMesg->setAccessibleName(text);
+  setAccessibleName(szTitle);
+
+  // The label sizes itself to its text, one line high when empty.
+  const int lineHeight = lblMesg->fontMetrics().height();
+  lblMesg->setWordWrap(false);
+  const QSize natural = lblMesg->sizeHint();
+  const int textWpx = natural.width();
+  const int textHpx = std::max(natural.height(), lineHeight);
+  lblMesg->setWordWrap(true);
+  const int wrapWpx = tw_.X(ownerWidth_);
+  const int wrappedHpx = std::max(lblMesg->heightForWidth(wrapWpx), lineHeight);
+  lblMesg->setWordWrap(false);
+  const int titleWpx = lblTitleTest->sizeHint().width();
+
+  layout_ = ComputeLayout(tw_.FromX(textWpx), tw_.FromY(textHpx), tw_.FromY(wrappedHpx), tw_.FromX(titleWpx),
+                          ownerWidth_, nButtons);
+
+  lblMesg->setWordWrap(layout_.wordWrap);
+  lblMesg->setGeometry(tw_.X(layout_.lblLeft), tw_.Y(layout_.lblTop), tw_.X(layout_.lblWidth),
+                       tw_.Y(layout_.lblHeight));
+
+  QPushButton* shown[2] = {nullptr, nullptr};
+  switch (nButtons) {
+    case 0:
+      shown[0] = cmdOK;
+      defaultButton_ = cmdOK;
+      cancelButton_ = cmdOK;
+      break;
+    case 1:
+      shown[0] = cmdOK;
+      shown[1] = cmdCancel;
+      defaultButton_ = cmdOK;
+      cancelButton_ = cmdCancel;
+      break;
+    case 4:
+      shown[0] = cmdYes;
+      shown[1] = cmdNo;
+      defaultButton_ = cmdYes;
+      cancelButton_ = cmdNo;
+      break;
+    default:
+      defaultButton_ = nullptr;
+      cancelButton_ = nullptr;
+      break;
+  }
+  for (QPushButton* b : {cmdCancel, cmdNo, cmdYes, cmdOK}) {
+    b->setDefault(b == defaultButton_);
+    b->setVisible(b == shown[0] || b == shown[1]);
+  }
+  for (int i = 0; i < layout_.nButtons; ++i) {
+    shown[i]->setGeometry(tw_.X(layout_.btnLeft[i]), tw_.Y(layout_.btnTop), tw_.X(layout_.btnWidth),
+                          tw_.Y(layout_.btnHeight));
+  }
+  setFixedSize(tw_.X(layout_.width), tw_.Y(layout_.height));
+  if (defaultButton_ != nullptr) defaultButton_->setFocus();
+}
+
+int16_t frmMsgBox::ShowModal() {
+  answer_ = 0;
+  if (testAnswer) return testAnswer(*this);
+  // Centred over the main window.
+  if (QWidget* owner = parentWidget()) {
+    const QPoint centre = owner->mapToGlobal(owner->rect().center());
+    move(centre - QPoint(width() / 2, height() / 2));
+  }
+  exec();
+  return answer_;
+}
+
+void frmMsgBox::Answered(int16_t code) {
+  answer_ = code;
+  done(code);
+}
+
+void frmMsgBox::reject() {
+  // Esc, and closing the box by other means, answer as the cancel button does.
+  if (cancelButton_ != nullptr) {
+    cancelButton_->click();
+    return;
+  }
+  QDialog::reject();
+}
+
+}  // namespace swui

@@ -1,0 +1,85 @@
+#pragma once
+// frmMsgBox: the program's own message box. ShowMsg fills it, sizes it to the
+// text, picks one of three button sets and shows it modally over the main
+// window. Geometry is worked out in twips and converted to pixels.
+#include <QDialog>
+#include <QString>
+#include <cstdint>
+#include <functional>
+
+#include "ui/Twips.h"
+
+class QLabel;
+class QPushButton;
+
+namespace swui {
+
+class frmMsgBox : public QDialog {
+  Q_OBJECT
+
+ public:
+  static constexpr int32_t kMesgLeft = 120;
+  static constexpr int32_t kMesgTop = 195;
+  static constexpr int32_t kButtonWidth = 1235;
+  static constexpr int32_t kButtonHeight = 375;
+
+  // Where everything goes, in twips. width and height are the client area.
+  struct Layout {
+    int32_t lblLeft = kMesgLeft;
+    int32_t lblTop = kMesgTop;
+    int32_t lblWidth = 0;
+    int32_t lblHeight = 0;
+    bool wordWrap = false;
+    int32_t width = 0;
+    int32_t height = 0;
+    int nButtons = 0;  // visible buttons: 0, 1 or 2
+    int32_t btnLeft[2] = {0, 0};
+    int32_t btnTop = 0;
+    int32_t btnWidth = kButtonWidth;
+    int32_t btnHeight = kButtonHeight;
+  };
+
+  // textW x textH: the message on its own lines; wrappedH: its height when
+  // wrapped at windowW; titleW: the title's width; all in twips.
+  static Layout ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW, int32_t windowW,
+                              int16_t nButtons);
+
+  // owner: the main window; ownerWidth: its width in twips (where long text wraps).
+  frmMsgBox(QWidget* owner, int32_t ownerWidth);
+
+  // Caption, message, button set and geometry.
+  void Setup(const QString& text, int16_t nButtons, const QString& szTitle);
+  // Shows the box modally; the answer code, or 0 when no button was pressed.
+  int16_t ShowModal();
+
+  const Layout& layout() const { return layout_; }
+  int16_t Answer() const { return answer_; }
+  QPushButton* DefaultButton() const { return defaultButton_; }
+  QPushButton* CancelButton() const { return cancelButton_; }
+  const Twips& twips() const { return tw_; }
+
+  // Tests: when set, ShowModal asks this for the answer instead of running the dialog.
+  static std::function<int16_t(frmMsgBox&)> testAnswer;
+
+  QPushButton* cmdCancel;
+  QPushButton* cmdNo;
+  QPushButton* cmdYes;
+  QPushButton* cmdOK;
+  QLabel* lblTitleTest;
+  QLabel* lblMesg;
+
+ public slots:
+  void reject() override;
+
+ private:
+  void Answered(int16_t code);
+
+  Twips tw_;
+  int32_t ownerWidth_;
+  Layout layout_;
+  int16_t answer_ = 0;
+  QPushButton* defaultButton_ = nullptr;
+  QPushButton* cancelButton_ = nullptr;
+};
+
+}  // namespace swui

@@ -1,0 +1,16 @@
+#include <QApplication>
+#include <QIcon>
+
+#include "ui/frmMain.h"
+
+int main(int argc, char* argv[]) {
+  QApplication app(argc, argv);
+  QApplication::setApplicationName("Skitterweb");
+  QApplication::setApplicationVersion("1.14");
+  swui::frmMain frmMain;
+  QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
+  frmMain.setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
+  frmMain.show();
+  frmMain.Form_Load();
+  return app.exec();
+}

@@ -1,0 +1,53 @@
+#pragma once
+// Shared pieces of the window tests: a fresh working directory (the game
+// reads and writes its files in the current directory) and a scripted
+// message box that answers instead of waiting for a player.
+#include <QDir>
+#include <QTemporaryDir>
+#include <deque>
+#include <string>
+#include <vector>
+
+#include "ui/frmMsgBox.h"
+
+namespace uitest {
+
+struct FreshDir {
+  QTemporaryDir dir;
+  FreshDir() { QDir::setCurrent(dir.path()); }
+};
+
+struct Shown {
+  QString title;
+  QString text;
+  int16_t nButtons;
+};
+
+// Records every message box and answers from a script, or with the default
+// button's code when the script is empty.
+class ScriptedBoxes {
+ public:
+  ScriptedBoxes() {
+    swui::frmMsgBox::testAnswer = [this](swui::frmMsgBox& box) -> int16_t {
+      int16_t nButtons = -1;
+      if (box.cmdYes->isVisibleTo(&box)) nButtons = 4;
+      else if (box.cmdCancel->isVisibleTo(&box)) nButtons = 1;
+      else if (box.cmdOK->isVisibleTo(&box)) nButtons = 0;
+      shown.push_back({box.windowTitle(), box.lblMesg->text(), nButtons});
+      if (!answers.empty()) {
+        const int16_t a = answers.front();
+        answers.pop_front();
+        return a;
+      }
+      return nButtons == 4 ? 6 : 1;
+    };
+  }
+  ~ScriptedBoxes() { swui::frmMsgBox::testAnswer = nullptr; }
+  ScriptedBoxes(const ScriptedBoxes&) = delete;
+  ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
+
+  std::vector<Shown> shown;
+  std::deque<int16_t> answers;
+};
+
+}  // namespace uitest
