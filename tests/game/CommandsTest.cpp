@@ -84,6 +84,12 @@ TEST(CommandsTest, UnboundDedicatedLineAndDoubleBoundKeys) {
     EXPECT_EQ(b.Viruses(), std::vector<CoordPair>{kFar});
   }
 
+  // Nothing at all during a timed pause.
+  b.sw.shell.gbSleepOn = -1;
+  b.Key('8');
+  EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
+  b.sw.shell.gbSleepOn = 0;
+
   // A key bound to two commands runs the earlier one in profile order.
   ControlProfile& cp = b.sw.opts.Current().cpProfile[1];
   cp.CPMoveLeft = 'x';
@@ -97,32 +103,6 @@ TEST(CommandsTest, UnboundDedicatedLineAndDoubleBoundKeys) {
   b.Key('y');
   EXPECT_EQ(b.g.gbScoreNoLinkSite, 0);
   EXPECT_GE(std::max(std::abs(b.g.gctPlayerPos.nCol - 5), std::abs(b.g.gctPlayerPos.nRow - 4)), 2);
-}
-
-TEST(CommandsTest, KeysAreIgnoredDuringAPauseAndAfterTheGame) {
-  Board b;
-  b.Set(At(5, 5), {kFar});
-  b.sw.shell.gbSleepOn = -1;
-  b.Key('8');
-  EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
-  EXPECT_EQ(b.g.gnMoveCount, 0);
-  b.sw.shell.gbSleepOn = 0;
-  b.g.gbGameOn = 0;
-  b.Key('8');
-  EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
-  EXPECT_EQ(b.g.gnMoveCount, 0);
-}
-
-TEST(CommandsTest, OtherProfilesDriveTheSameCommands) {
-  Board b;
-  b.Set(At(5, 5), {kFar});
-  b.sw.opts.Current().nProfile = 4;  // Old School: k up, l right
-  b.Key('k');
-  b.Key('l');
-  EXPECT_EQ(b.g.gctPlayerPos, At(6, 4));
-  b.Key('8');  // unbound in that profile
-  EXPECT_EQ(b.g.gctPlayerPos, At(6, 4));
-  EXPECT_EQ(b.g.gnMoveCount, 2);
 }
 
 TEST(CommandsTest, LinkNeverLandsNextToItsStart) {

@@ -47,7 +47,6 @@ TEST(GameTraceTest, AMoveWritesItsKeyPressLines) {
   EXPECT_LT(move, exit);
   EXPECT_EQ(lines[exit + 1], "     --> gnPlayerDir=8");
   EXPECT_TRUE(Has(lines, "{{ MoveNumDir }} (input) ctPos=5,5 nDir=8 (variables) ctPos=5,4"));
-  EXPECT_TRUE(Has(lines, "{{ MoveVirus }} (variables) gnVirusLive=1 gctPlayerPos=5,4"));
 
   // An unbound key: the entry line and the comment, nothing more.
   const size_t bad = IndexOf(lines, "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]");

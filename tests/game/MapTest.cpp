@@ -5,27 +5,6 @@
 
 namespace sw::test {
 
-TEST(MapTest, MoveNumDirFollowsTheKeypad) {
-  Board b;
-  struct Case { int16_t dir; int dc, dr; };
-  const Case cases[] = {{7, -1, -1}, {8, 0, -1}, {9, 1, -1}, {4, -1, 0}, {5, 0, 0},
-                        {6, 1, 0},   {1, -1, 1}, {2, 0, 1},  {3, 1, 1},  {0, 0, 0}, {10, 0, 0}, {-3, 0, 0}};
-  for (const Case& c : cases) {
-    CoordPair p = At(5, 5);
-    b.g.MoveNumDir(p, c.dir);
-    EXPECT_EQ(p, At(5 + c.dc, 5 + c.dr)) << "direction " << c.dir;
-  }
-  // The edge is not checked here: it is IsOnMap that refuses the result.
-  CoordPair p = At(0, 0);
-  b.g.MoveNumDir(p, 4);
-  EXPECT_EQ(p, At(-1, 0));
-  EXPECT_EQ(b.g.IsOnMap(p), 0);
-  EXPECT_EQ(b.g.IsOnMap(At(23, 13)), -1);
-  EXPECT_EQ(b.g.IsOnMap(At(24, 13)), 0);
-  EXPECT_EQ(b.g.IsOnMap(At(23, 14)), 0);
-  EXPECT_EQ(b.g.IsOnMap(At(0, -1)), 0);
-}
-
 TEST(MapTest, LookupsReportTheLowestMatchAndSkip) {
   Board b;
   b.Set(At(0, 0), {At(3, 3), At(4, 4), At(3, 3)}, {At(7, 7), At(7, 7)});
@@ -36,6 +15,14 @@ TEST(MapTest, LookupsReportTheLowestMatchAndSkip) {
   EXPECT_EQ(b.g.CheckInfected(At(7, 7)), 1);
   EXPECT_EQ(b.g.CheckInfected(At(3, 3)), 0);
   EXPECT_EQ(b.g.CheckDownServers(At(3, 3)), 0);
+  EXPECT_EQ(b.g.IsOnMap(At(23, 13)), -1);
+  EXPECT_EQ(b.g.IsOnMap(At(24, 13)), 0);
+  EXPECT_EQ(b.g.IsOnMap(At(0, -1)), 0);
+  CoordPair p = At(0, 0);
+  b.g.MoveNumDir(p, 4);  // the edge is not checked here
+  EXPECT_EQ(p, At(-1, 0));
+  b.g.MoveNumDir(p, 10);  // nor is an unknown code: it stands still
+  EXPECT_EQ(p, At(-1, 0));
   EXPECT_EQ(b.g.SamePos(At(2, 3), At(2, 3)), -1);
   EXPECT_EQ(b.g.SamePos(At(2, 3), At(3, 2)), 0);
 

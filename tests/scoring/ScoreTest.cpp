@@ -157,19 +157,4 @@ TEST(ScoreTest, InvalidEventIsReportedAndStillChecksTheThreshold) {
   EXPECT_EQ(b.g.gnReconnects, 3);
 }
 
-TEST(ScoreTest, QueuedMessagesKeepTheirOrderAndFields) {
-  Board b;
-  b.sw.opts.Current().bSound = -1;
-  b.sc.AddScoreMesg("first", "a.mp3", 0, "T1");
-  b.sc.AddScoreMesg("second", "b.mp3", 4, "T2");
-  EXPECT_EQ(b.sc.gnScoreMesgNum, 2);
-  b.w.sounds.clear();
-  b.sc.WriteScoreMesg();
-  ASSERT_EQ(b.w.messages.size(), 2u);
-  EXPECT_EQ(b.w.messages[0].text, "first");
-  EXPECT_EQ(b.w.messages[1].nButtons, 4);
-  EXPECT_EQ(b.w.messages[1].szTitle, "T2");
-  EXPECT_EQ(b.w.sounds, (std::vector<std::string>{".\\sounds\\a.mp3", ".\\sounds\\b.mp3"}));
-}
-
 }  // namespace sw::test

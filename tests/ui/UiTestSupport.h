@@ -3,6 +3,8 @@
 // reads and writes its files in the current directory) and a scripted
 // message box that answers instead of waiting for a player.
 #include <QDir>
+#include <QLabel>
+#include <QPushButton>
 #include <QTemporaryDir>
 #include <deque>
 #include <string>

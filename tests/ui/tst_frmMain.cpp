@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLabel>
 #include <QMenuBar>
+#include <QPushButton>
 #include <QTest>
 
 #include "ui/UiTestSupport.h"
@@ -146,7 +147,11 @@ class TestFrmMain : public QObject {
   void tabEnterAndSpaceReachTheGame() {
     frmMain& w = *w_;
     QuietBoard(w);
-    w.sw.game.gnPlayerDir = 6;
+    // Even with a control that could take the focus, Tab stays a game key.
+    auto* focusable = new QPushButton("x", w.pctInfoBar);
+    focusable->setFocusPolicy(Qt::StrongFocus);
+    focusable->show();
+    w.setFocus();
     const std::pair<Qt::Key, int16_t> keys[] = {{Qt::Key_Tab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Space, 32}};
     for (const auto& [key, code] : keys) {
       // Bind Pause to the key: the mouse stands still and the virus takes a step.
@@ -160,6 +165,7 @@ class TestFrmMain : public QObject {
       QCOMPARE(MapMismatch(w), QString());
       QVERIFY(QApplication::focusWidget() == nullptr || QApplication::focusWidget() == &w);
     }
+    delete focusable;
   }
 
   void virusCounterTurnsRedAtThirty() {
