@@ -31,22 +31,31 @@ std::string ReadOptionsFile(const std::string& name) {
 }
 
 // The seventeen key fields in the order the file lists them (alphabetical).
-constexpr const char* kFileKeyOrder[17] = {
-    "CPAntiVirus", "CPBackup",       "CPDedLine",     "CPLink",   "CPMoveDown",   "CPMoveDownLeft",
-    "CPMoveDownRight", "CPMoveLeft", "CPMoveRight",   "CPMoveUp", "CPMoveUpLeft", "CPMoveUpRight",
-    "CPPause",     "CPReboot",       "CPRestore",     "CPSoftUpgrade", "CPWait",
-  };
+const CommandField kFileKeyOrder[17] = {
+    {"CPAntiVirus", &ControlProfile::CPAntiVirus},
+    {"CPBackup", &ControlProfile::CPBackup},
+    {"CPDedLine", &ControlProfile::CPDedLine},
+    {"CPLink", &ControlProfile::CPLink},
+    {"CPMoveDown", &ControlProfile::CPMoveDown},
+    {"CPMoveDownLeft", &ControlProfile::CPMoveDownLeft},
+    {"CPMoveDownRight", &ControlProfile::CPMoveDownRight},
+    {"CPMoveLeft", &ControlProfile::CPMoveLeft},
+    {"CPMoveRight", &ControlProfile::CPMoveRight},
+    {"CPMoveUp", &ControlProfile::CPMoveUp},
+    {"CPMoveUpLeft", &ControlProfile::CPMoveUpLeft},
+    {"CPMoveUpRight", &ControlProfile::CPMoveUpRight},
+    {"CPPause", &ControlProfile::CPPause},
+    {"CPReboot", &ControlProfile::CPReboot},
+    {"CPRestore", &ControlProfile::CPRestore},
+    {"CPSoftUpgrade", &ControlProfile::CPSoftUpgrade},
+    {"CPWait", &ControlProfile::CPWait},
+};
 
+// The key field a file key names, or none.
 int16_t ControlProfile::*KeyField(const std::string& key) {
   for (const CommandField& f : kCommandFields)
     if (key == f.name) return f.field;
   return nullptr;
-}
-
-int16_t ControlProfile::*KeyFieldChecked(const char* name) {
-  int16_t ControlProfile::*field = KeyField(name);
-  if (field == nullptr) throw RuntimeError(errSubscript);
-  return field;
 }
 
 // Element i of a table, or "Subscript out of range" (9).
@@ -83,8 +92,8 @@ void Options::LoadOptions() {
 
   try {
     ListReader in(ReadOptionsFile(kFileName));
-    int64_t nRec = 0;    // R: the current record
-    int16_t nCP = 0;     // P: the current control profile; not reset when R changes
+    int64_t nRec = 0;  // R: the current record
+    int16_t nCP = 0;   // P: the current control profile; not reset when R changes
 
     while (!in.Eof()) {
       const std::vector<ListItem> items = in.ReadLine();
@@ -186,7 +195,7 @@ std::string Options::OptionsText() const {
       const ControlProfile& cp = op.cpProfile[j];
       out += WriteListLine({"ControlProfileBegin", static_cast<int64_t>(j)});
       out += WriteListLine({"CPName", cp.szName});
-      for (const char* name : kFileKeyOrder) out += WriteListLine({name, cp.*KeyFieldChecked(name)});
+      for (const CommandField& f : kFileKeyOrder) out += WriteListLine({f.name, cp.*f.field});
     }
     out += WriteListLine({"Debug", op.bDebug});
     out += WriteListLine({"Diff", op.nDiff});

@@ -441,9 +441,7 @@ void frmMain::Form_Load() {
   game.gbGameInit = -1;
   sw.opts.LoadOptions();
   if (sw.dbg.On()) {
-    sw::TraceRecord rec = Trace("frmMain.Form_Load");
-    rec.bBegin = true;
-    sw.dbg.DebugWrite(rec);
+    sw.dbg.DebugWrite(Trace("frmMain.Form_Load"));
   }
   sw.score.InitScore();
   game.gnPlayerDir = 5;

@@ -6,6 +6,7 @@
 #include <QLabel>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QSvgRenderer>
 #include <QTest>
 
 #include "ui/UiTestSupport.h"
@@ -98,6 +99,11 @@ class TestFrmMain : public QObject {
     QCOMPARE(w.sw.game.gnGameNum, int16_t{1});
     QCOMPARE(w.sw.game.gnVirusLive, int16_t{7});
     QCOMPARE(MapMismatch(w), QString());
+    // The picture templates are all there.
+    for (int i = 1; i <= 12; ++i) {
+      QSvgRenderer* r = w.Pictures().Renderer(static_cast<Picture>(i));
+      QVERIFY(r != nullptr && r->isValid());
+    }
 
     // Loaded options are applied to the menus and the labels.
     QVERIFY(w.menSound->isChecked());
