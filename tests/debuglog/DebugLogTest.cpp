@@ -1,27 +1,22 @@
+// The debug log: trace lines, the file's blocks, and what a turn of the game writes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <sstream>
 #include <string>
 
-#include "game/Skitterweb.h"
-#include "support/FakeWindow.h"
+#include "game/Board.h"
 #include "support/TempDir.h"
 
-namespace sw {
-namespace {
+// The trace records below name only the fields they use; the rest stay empty on purpose.
+#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
 
-using test::FakeWindow;
-using test::Slurp;
-using test::TempDir;
+namespace sw::test {
+namespace {
 
 const std::string kBars = std::string(64, '|') + "\r\n";
 const std::string kStars = std::string(64, '*') + "\r\n";
-
-std::string Repeat(const std::string& s, int n) {
-  std::string out;
-  for (int i = 0; i < n; ++i) out += s;
-  return out;
-}
 
 // What the log holds after its header (five lines).
 std::string AfterHeader(const std::string& log) {
@@ -30,187 +25,142 @@ std::string AfterHeader(const std::string& log) {
   return log.substr(p);
 }
 
-TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSet) {
-  TraceRecord r;
-  r.szProc = "StartGame";
-  EXPECT_EQ(DebugLog::TraceLines(r), "{{ StartGame }}\r\n");
-
-  r.bBegin = true;
-  EXPECT_EQ(DebugLog::TraceLines(r), "{{ StartGame }} [BEGIN]\r\n");
-
-  TraceRecord in;
-  in.szProc = "P";
-  in.vInValue[0] = "ignored";  // a value without a name is a free slot
-  in.szInName[1] = "second";
-  in.vInValue[1] = int16_t{2};
-  EXPECT_EQ(DebugLog::TraceLines(in), "{{ P }} (input) second=2\r\n");
-
-  TraceRecord empty;
-  empty.szProc = "P";
-  empty.szVarName[2] = "szName";
-  empty.vVarValue[2] = "";
-  EXPECT_EQ(DebugLog::TraceLines(empty), "{{ P }} (variables) szName=\r\n");
-
-  TraceRecord all;
-  all.szProc = "frmMain.menQuit_Click";
-  all.szInName[0] = "a";
-  all.vInValue[0] = true;
-  all.szInName[2] = "c";
-  all.vInValue[2] = 2.5;
-  all.szReturnName = "r";
-  all.vReturnValue = int32_t{-7};
-  all.szVarName[0] = "gnLag & gnColorLag";
-  all.vVarValue[0] = "3 1";
-  all.szVarName[1] = "b";
-  all.vVarValue[1] = false;
-  all.szComment = "note";
-  EXPECT_EQ(DebugLog::TraceLines(all),
-            "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
-            "b=False\r\n     --> note\r\n");
-
-  TraceRecord ret;
-  ret.szProc = "F";
-  ret.szReturnName = "x";
-  EXPECT_EQ(DebugLog::TraceLines(ret), "{{ F }} (return) x=\r\n");
+std::vector<std::string> LogLines() {
+  std::vector<std::string> lines;
+  std::istringstream in(Slurp(DebugLog::kFileName));
+  for (std::string line; std::getline(in, line);) lines.push_back(line.substr(0, line.find('\r')));
+  return lines;
 }
 
-TEST(DebugLogFile, HeaderSeparatorsAndTheOrderOfAMarkedDump) {
-  TempDir dir;
-  FakeWindow w;
-  Skitterweb sw(w);
-  sw.opts.Current().bDebug = -1;
-  sw.dbg.dumpState = [](DebugLog& d) { d.Print("DUMP"); };
-  sw.dbg.DebugOpen(true, true);
-  ASSERT_TRUE(sw.dbg.IsOpen());
-  TraceRecord r;
-  r.szProc = "PlaySound";
-  r.szInName[0] = "szFileName";
-  r.vInValue[0] = "comp-dead.mp3";
-  sw.dbg.DebugWrite(r);
-  sw.dbg.DebugWrite(r, true, false);
-  r.szComment = "c";
-  sw.dbg.DebugWrite(r, true, true);
-  sw.dbg.DebugMark(2);
-  sw.dbg.DebugMark(0);
-  sw.dbg.DebugMark(9);
-  sw.dbg.DebugExit();
-  EXPECT_FALSE(sw.dbg.IsOpen());
+size_t IndexOf(const std::vector<std::string>& lines, const std::string& line) {
+  return static_cast<size_t>(std::find(lines.begin(), lines.end(), line) - lines.begin());
+}
 
+TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSet) {
+  const std::pair<TraceRecord, std::string> cases[] = {
+      {{.szProc = "P"}, "{{ P }}\r\n"},
+      // A value without a name is a free slot.
+      {{.szProc = "P", .bBegin = true, .szInName = {"", "second", ""}, .vInValue = {"ignored", int16_t{2}, Value()}},
+       "{{ P }} [BEGIN] (input) second=2\r\n"},
+      {{.szProc = "F", .szReturnName = "x", .szVarName = {"", "", "szName"}, .vVarValue = {Value(), Value(), ""}},
+       "{{ F }} (return) x= (variables) szName=\r\n"},
+      {{.szProc = "frmMain.menQuit_Click", .szInName = {"a", "", "c"}, .vInValue = {true, Value(), 2.5},
+        .szReturnName = "r", .vReturnValue = int32_t{-7}, .szVarName = {"gnLag & gnColorLag", "b", ""},
+        .vVarValue = {"3 1", false, Value()}, .szComment = "note"},
+       "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
+       "b=False\r\n     --> note\r\n"}};
+  for (const auto& [rec, line] : cases) EXPECT_EQ(DebugLog::TraceLines(rec), line);
+}
+
+TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
+  TempDir dir;
+  App a;
+  DebugLog& dbg = a.sw.dbg;
+  a.sw.opts.Current().bDebug = -1;
+  dbg.dumpState = [](DebugLog& d) { d.Print("DUMP"); };
+  dbg.DebugOpen(true, true);
+  TraceRecord r{
+      .szProc = "PlaySound", .szInName = {"szFileName", "", ""}, .vInValue = {"comp-dead.mp3", Value(), Value()}};
+  dbg.DebugWrite(r);
+  dbg.DebugWrite(r, true, false);
+  r.szComment = std::string("c\0d", 3);  // character 0 (a key with no code) is written whole
+  dbg.DebugWrite(r, true, true);
+  for (int16_t mark : {2, 0, 9}) dbg.DebugMark(mark);
+  dbg.DebugExit();
   const std::string log = Slurp(DebugLog::kFileName);
   EXPECT_EQ(log.rfind(kBars + "| SKITTERWEB\r\n| version: 1.14\r\n| ", 0), 0u);
   const std::string body = AfterHeader(log);
-  // The header ends with the date line and a second row of bars.
   EXPECT_TRUE(log.substr(0, log.size() - body.size()).ends_with("\r\n" + kBars));
   const std::string line = "{{ PlaySound }} (input) szFileName=comp-dead.mp3\r\n";
-  const std::string expected = line + kStars + line + "\r\n" + Repeat("#-", 45) + "\r\n" + Repeat("-#", 45) +
-                               "\r\n" + line + "     --> c\r\n" + "DUMP\r\n" + kBars + kStars + kStars + kStars +
-                               "Games played=" + std::to_string(sw.game.gnGameNum) + "\r\nExit Program - ";
+  std::string hashes[2];
+  for (int i = 0; i < 45; ++i) hashes[0] += "#-", hashes[1] += "-#";
+  const std::string expected = line + kStars + line + "\r\n" + hashes[0] + "\r\n" + hashes[1] + "\r\n" + line +
+                               "     --> c" + '\0' + "d\r\nDUMP\r\n" + kBars + kStars + kStars + kStars +
+                               "Games played=0\r\nExit Program - ";
   EXPECT_EQ(body.substr(0, expected.size()), expected);
   EXPECT_TRUE(body.ends_with("\r\n\r\n"));
-  // Every line ends with CR LF.
-  for (size_t i = 0; i < log.size(); ++i)
-    if (log[i] == '\n') {
-      ASSERT_TRUE(i > 0 && log[i - 1] == '\r') << i;
-    }
-}
+  for (size_t i = 1; i < log.size(); ++i) ASSERT_FALSE(log[i] == '\n' && log[i - 1] != '\r') << i;
 
-TEST(DebugLogFile, ValuesHoldingCharacterZeroAreWrittenWhole) {
-  TempDir dir;
-  FakeWindow w;
-  Skitterweb sw(w);
-  sw.opts.Current().bDebug = -1;
-  sw.dbg.DebugOpen(true, true);
-  TraceRecord r;
-  r.szProc = "frmCommandList.txtKey_KeyPress";
-  r.szInName[0] = "KeyAscii";
-  r.vInValue[0] = std::string("0 [") + '\0' + "]";
-  r.szComment = "after";
-  sw.dbg.DebugWrite(r);
-  sw.dbg.Print(std::string("a") + '\0' + "b");
-  sw.dbg.DebugExit();
-  const std::string expected = "{{ frmCommandList.txtKey_KeyPress }} (input) KeyAscii=0 [" + std::string(1, '\0') +
-                               "]\r\n     --> after\r\na" + std::string(1, '\0') + "b\r\n";
-  EXPECT_EQ(AfterHeader(Slurp(DebugLog::kFileName)).substr(0, expected.size()), expected);
-}
-
-TEST(DebugLogFile, OpeningAppendsUnlessClearingAndClearLeavesTheHeader) {
-  TempDir dir;
-  FakeWindow w;
-  Skitterweb sw(w);
-  sw.opts.Current().bDebug = -1;
-  sw.dbg.DebugOpen(true, true);
-  sw.dbg.Print("first run");
-  sw.dbg.DebugExit();
-  sw.dbg.DebugOpen(false, true);
-  sw.dbg.Print("second run");
-  sw.dbg.DebugExit();
+  // Opening appends; closing asks whether to keep the log; clearing leaves the header.
+  for (const char* run : {"run 1", "run 2"}) {
+    dbg.DebugOpen(false, true);
+    dbg.Print(run);
+    dbg.DebugExit();
+  }
   const std::string two = Slurp(DebugLog::kFileName);
-  EXPECT_LT(two.find("first run"), two.find("second run"));
-  EXPECT_NE(two.find("second run"), std::string::npos);
-
-  sw.dbg.DebugOpen(false, true);
-  sw.dbg.DebugClear();
-  ASSERT_TRUE(sw.dbg.IsOpen());
-  sw.dbg.DebugExit();
+  EXPECT_LT(two.find("run 1"), two.find("run 2"));
+  a.w.answers = {6};
+  dbg.DebugClose();  // kept
+  EXPECT_EQ(Slurp(DebugLog::kFileName), two);
+  dbg.DebugOpen(false, true);
+  dbg.DebugClear();
+  dbg.DebugExit();
   const std::string cleared = Slurp(DebugLog::kFileName);
-  EXPECT_EQ(cleared.find("run"), std::string::npos);
   EXPECT_EQ(cleared.rfind(kBars + "| SKITTERWEB\r\n", 0), 0u);
   EXPECT_EQ(AfterHeader(cleared).rfind("| Log cleared\r\n" + kBars + kStars + "Games played=", 0), 0u);
-  EXPECT_TRUE(w.messages.empty());
-}
-
-TEST(DebugLogFile, ClosingAsksAndDeletesUnlessKept) {
-  TempDir dir;
-  FakeWindow w;
-  Skitterweb sw(w);
-  sw.opts.Current().bDebug = -1;
-  for (int run = 0; run < 3; ++run) {
-    sw.dbg.DebugOpen(false, true);
-    sw.dbg.Print("run " + std::to_string(run));
-    sw.dbg.DebugExit();
-  }
-  w.answers = {6};
-  sw.dbg.DebugClose();
-  ASSERT_EQ(w.messages.size(), 1u);
-  EXPECT_EQ(w.messages[0].text, "Would you like to save the existing log file?");
-  EXPECT_EQ(w.messages[0].nButtons, 4);
-  EXPECT_EQ(w.messages[0].szTitle, "Close Log File");
-  EXPECT_EQ(w.sounds.back(), ".\\sounds\\comp-save debug log.mp3");
-  EXPECT_NE(Slurp(DebugLog::kFileName).find("run 2"), std::string::npos);
-
-  w.answers = {7};
-  sw.dbg.DebugClose();
+  a.w.answers = {7, 7};
+  dbg.DebugClose();
   EXPECT_FALSE(std::filesystem::exists(DebugLog::kFileName));
-  // A log that is already gone: asked again, nothing reported.
-  w.answers = {7};
-  sw.dbg.DebugClose();
-  EXPECT_EQ(w.messages.size(), 3u);
+  dbg.DebugClose();  // already gone: asked again, nothing reported
+  const std::string ask = "Close Log File: Would you like to save the existing log file?";
+  EXPECT_EQ(Shown(a.w), (std::vector<std::string>{ask, ask, ask}));
+  EXPECT_EQ(a.w.messages.at(0).nButtons, 4);
+  EXPECT_EQ(LastSound(a.w), ".\\sounds\\comp-save debug log.mp3");
+
+  // Opening fails: logging off, the menu entry unchecked; reported unless quiet.
+  std::filesystem::create_directory(DebugLog::kFileName);
+  a.w.messages.clear();
+  for (bool quiet : {true, false}) {
+    a.sw.opts.Current().bDebug = -1;
+    a.w.checked[Menu::menUseDL] = true;
+    dbg.DebugOpen(!quiet, quiet);
+    EXPECT_FALSE(dbg.IsOpen() || a.sw.opts.Current().bDebug || a.w.checked[Menu::menUseDL]);
+    EXPECT_EQ(a.w.messages.size(), quiet ? 0u : 1u);
+  }
+  EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: DebugOpen: Failed to open debug log\n"
+                                                 "Please check file I/O accessability"});
+  EXPECT_EQ(LastSound(a.w), ".\\sounds\\powerup2.mp3");
 }
 
-TEST(DebugLogFile, OpenFailureTurnsLoggingOff) {
+TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   TempDir dir;
-  std::filesystem::create_directory(DebugLog::kFileName);
-  FakeWindow w;
-  Skitterweb sw(w);
-  sw.opts.Current().bDebug = -1;
-  w.checked[Menu::menUseDL] = true;
-  sw.dbg.DebugOpen(false, true);
-  EXPECT_FALSE(sw.dbg.IsOpen());
-  EXPECT_EQ(sw.opts.Current().bDebug, 0);
-  EXPECT_FALSE(w.checked[Menu::menUseDL]);
-  EXPECT_TRUE(w.messages.empty());  // quiet
-
-  sw.opts.Current().bDebug = -1;
-  w.checked[Menu::menUseDL] = true;
-  sw.dbg.DebugOpen(true, false);
-  EXPECT_EQ(sw.opts.Current().bDebug, 0);
-  EXPECT_FALSE(w.checked[Menu::menUseDL]);
-  ASSERT_EQ(w.messages.size(), 1u);
-  EXPECT_EQ(w.messages[0].text, "Failed to open debug log\nPlease check file I/O accessability");
-  EXPECT_EQ(w.messages[0].nButtons, 0);
-  EXPECT_EQ(w.messages[0].szTitle, "Error: DebugOpen");
-  EXPECT_EQ(w.sounds.back(), ".\\sounds\\powerup2.mp3");
+  Board b;
+  b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
+  b.sw.opts.Current().bDebug = -1;
+  b.sw.dbg.DebugOpen(true, true);
+  b.Key('8');
+  b.Key('z');
+  b.g.gnGameNum = 49;
+  b.g.StartGame();  // the 50th game closes and reopens the log for appending
+  b.sw.dbg.DebugExit();
+  const std::vector<std::string> lines = LogLines();
+  const size_t entry = IndexOf(lines, "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]");
+  const size_t exit =
+      IndexOf(lines, "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1");
+  EXPECT_LT(entry, exit);
+  EXPECT_EQ(lines.at(exit + 1), "     --> gnPlayerDir=8");
+  // An unbound key: the entry line and the comment, nothing more.
+  const size_t bad = IndexOf(lines, "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]");
+  EXPECT_EQ(lines.at(bad + 1) + "|" + lines.at(bad + 2), "{{ frmMain.Form_KeyPress }}|     --> Invalid key pressed");
+  // Exact lines of a move, a new layout, and crashes in one call (which share one start mark).
+  for (const char* l :
+       {"{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",
+        "{{ ResetObjects }} (variables) gctPlayerPos=-1,-1 gnLag & gnColorLag=0/Blue",
+        "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
+        "{{ CheckVirusCrash }} [BEGIN] (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=1 "
+        "gnInfectedPos(1)=9,4",
+        "{{ CheckVirusCrash }} (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=2 gnInfectedPos(2)=9,4",
+        "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
+        "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15"})
+    EXPECT_LT(IndexOf(lines, l), lines.size()) << l;
+  EXPECT_EQ(std::count(lines.begin(), lines.end(),
+                       "     --> Start flag is being used to mark multiple crashes in same function call"),
+            2);
+  EXPECT_EQ(lines.at(1), "| SKITTERWEB");  // the header is kept
+  const size_t start = IndexOf(lines, "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2");
+  EXPECT_EQ(lines.at(start - 1) + "|" + lines.at(start + 1),
+            std::string(64, '*') + "|     --> score is also reset to 0.  gnGameNum=50");
 }
 
 }  // namespace
-}  // namespace sw
+}  // namespace sw::test

@@ -1,24 +1,26 @@
 #pragma once
-// A game on the recording fake window, with the board set up by hand: the
-// mouse, the viruses and the infected servers put straight into the lists.
+// A game in progress on the recording fake window, with the board set up by
+// hand: the mouse, the viruses and the infected servers put straight into the lists.
+#include <algorithm>
 #include <cstdlib>
-#include <initializer_list>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "game/Skitterweb.h"
-#include "support/FakeWindow.h"
+#include "runtime/NumText.h"
+#include "support/App.h"
 
 namespace sw::test {
 
-struct Board {
-  FakeWindow w;
-  Skitterweb sw{w};
+inline CoordPair At(int c, int r) { return CoordPair{static_cast<int16_t>(c), static_cast<int16_t>(r)}; }
+using Cells = std::vector<CoordPair>;
+
+struct Board : App {
   Game& g = sw.game;
   Score& sc = sw.score;
 
-  // A game in progress on the given difficulty; sound off, so that the only
-  // pauses recorded are the game's own. The generator starts from a fixed seed.
+  // Sound off, so that the only pauses recorded are the game's own; a fixed seed.
   explicit Board(int16_t nDiff = 2, double seed = 1.0) {
     sw.opts.Current().nDiff = nDiff;
     sw.opts.Current().bSound = 0;
@@ -30,19 +32,14 @@ struct Board {
     w.sleeps.clear();
   }
 
-  // Empties the map and puts the objects where the test wants them. The site
-  // is fresh: no moves yet, no link, lag in blue.
-  void Set(CoordPair mouse, std::initializer_list<CoordPair> viruses, std::initializer_list<CoordPair> infected = {}) {
-    SetLists(mouse, std::vector<CoordPair>(viruses), std::vector<CoordPair>(infected));
-  }
-  void SetLists(CoordPair mouse, const std::vector<CoordPair>& viruses, const std::vector<CoordPair>& infected) {
+  // Empties the map and puts the objects on a fresh site: no moves, no link, lag in blue.
+  void Set(CoordPair mouse, const Cells& viruses, const Cells& infected = {}) {
     g.ResetObjects();
     g.gctPlayerPos = mouse;
     g.DrawCell(mouse, Picture::Player5);
     g.gctVirusPos.assign(1, CoordPair{-1, -1});
-    for (const CoordPair& v : viruses) g.gctVirusPos.push_back(v);
-    g.gnVirusLive = static_cast<int16_t>(viruses.size());
-    g.gnVirusMax = g.gnVirusLive;
+    g.gctVirusPos.insert(g.gctVirusPos.end(), viruses.begin(), viruses.end());
+    g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
     g.gctInfectedPos.assign(1, CoordPair{-1, -1});
     for (const CoordPair& c : infected) {
       g.gctInfectedPos.push_back(c);
@@ -50,16 +47,15 @@ struct Board {
     }
     g.gnInfectedCount = static_cast<int16_t>(infected.size());
     g.DrawViruses();
-    g.gbScoreNoLinkSite = -1;
-    g.gnMoveCount = 0;
+    w.captions[Label::lblVirus] = std::to_string(viruses.size());
+    g.gbScoreNoLinkSite = g.gbEndSite = -1;
+    g.gnMoveCount = g.gbWaitOn = 0;
     g.gbScoreMinLag = 1;
-    g.gbEndSite = -1;
-    g.gbWaitOn = 0;
   }
 
-  // Every cell of the map not within one cell of `around`.
-  std::vector<CoordPair> AllCellsAwayFrom(CoordPair around) const {
-    std::vector<CoordPair> cells;
+  // Every cell of the map more than one cell away from `around`.
+  Cells AllCellsAwayFrom(CoordPair around) const {
+    Cells cells;
     for (int16_t c = 0; c < g.gnMapCols; ++c)
       for (int16_t r = 0; r < g.gnMapRows; ++r)
         if (std::abs(c - around.nCol) > 1 || std::abs(r - around.nRow) > 1) cells.push_back(CoordPair{c, r});
@@ -68,17 +64,34 @@ struct Board {
 
   // Types one character of the default number-pad profile.
   void Key(char c) { g.Form_KeyPress(static_cast<int16_t>(c)); }
+  Cells Viruses() const {  // the live ones; never beyond the list, whatever the count says
+    Cells v(g.gctVirusPos.begin() + (g.gctVirusPos.empty() ? 0 : 1), g.gctVirusPos.end());
+    v.resize(std::min(v.size(), static_cast<size_t>(std::max<int>(g.gnVirusLive, 0))));
+    return v;
+  }
+  std::string Caption(Label l) const { return w.captions.contains(l) ? w.captions.at(l) : std::string(); }
 
-  std::vector<CoordPair> Viruses() const {
-    return std::vector<CoordPair>(g.gctVirusPos.begin() + 1, g.gctVirusPos.begin() + 1 + g.gnVirusLive);
+  // What holds after every turn of a game in progress: the first rule broken, or "".
+  std::string Broken() const {
+    if (!g.IsOnMap(g.gctPlayerPos)) return "mouse off the map";
+    if (g.gnVirusLive < 1 || g.gnVirusLive > 30) return "virus count";
+    if (g.gctVirusPos.size() != size_t(g.gnVirusLive) + 1 || g.gctInfectedPos.size() != size_t(g.gnInfectedCount) + 1)
+      return "list sizes";
+    std::set<std::pair<int, int>> cells;
+    for (const CoordPair& v : Viruses()) {
+      // Crashes and infections are resolved, and a virus on the mouse ends the site.
+      if (!cells.insert({v.nCol, v.nRow}).second) return "two viruses on " + v.Text();
+      if (v == g.gctPlayerPos || g.CheckInfected(v) || w.At(v.nCol, v.nRow) != Picture::Virus)
+        return "virus " + v.Text();
+    }
+    if (w.Count(Picture::Virus) != g.gnVirusLive) return "viruses drawn";
+    if (Caption(Label::lblVirus) != std::to_string(g.gnVirusLive) ||
+        Caption(Label::lblScore) != FormatThousands(static_cast<double>(sc.glScore)) ||
+        Caption(Label::lblSitesHit) != std::to_string(g.gnSitesHit) ||
+        Caption(Label::lblReconnects) != std::to_string(g.gnReconnects))
+      return "labels";
+    return sc.gnScoreMesgNum == 0 ? "" : "score messages not shown";
   }
-  std::string Caption(Label l) const {
-    auto it = w.captions.find(l);
-    return it == w.captions.end() ? std::string() : it->second;
-  }
-  const ShownMsg& LastMsg() const { return w.messages.back(); }
 };
-
-inline CoordPair At(int c, int r) { return CoordPair{static_cast<int16_t>(c), static_cast<int16_t>(r)}; }
 
 }  // namespace sw::test

@@ -1,138 +1,177 @@
-// The viruses' turn: the chase, crashes, infected servers and the extra phases.
+// The viruses' turn, deaths, game over and sites won.
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
 
 namespace sw::test {
 
+namespace {
+const CoordPair kFar = At(23, 13);
+const std::string kAgain = "Life program re-initialized. You now have 1 reconnects remaining. Get ready to try again!";
+}  // namespace
+
 TEST(VirusTest, ChaseTakesAKingsStepStraightAtTheMouse) {
   Board b;
-  // Mouse in the middle; one virus in each of the eight directions, far enough apart.
   b.Set(At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)});
   b.Key('5');
-  const std::vector<CoordPair> expected = {At(3, 3),  At(12, 2), At(21, 2),  At(3, 7),
-                                           At(21, 7), At(3, 11), At(12, 11), At(21, 11)};
-  EXPECT_EQ(b.Viruses(), expected);
-  for (const CoordPair& v : expected) EXPECT_EQ(b.w.At(v.nCol, v.nRow), Picture::Virus);
-  EXPECT_EQ(b.w.At(2, 2), Picture::None);
-  EXPECT_EQ(b.w.Count(Picture::Virus), 8);
-  EXPECT_EQ(b.g.gnReconnects, 2);
+  EXPECT_EQ(b.Viruses(),
+            Cells({At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}));
+  EXPECT_EQ(b.Broken(), "");
 }
 
-TEST(VirusTest, TwoVirusesMeetingLeaveOneInfectedServer) {
-  Board b;
-  b.Set(At(12, 5), {At(8, 4), At(8, 6), At(23, 13)});
-  b.Key('5');
-  // Both step onto (9, 5) and crash there.
-  EXPECT_EQ(b.g.gnVirusLive, 1);
-  EXPECT_EQ(b.g.gnInfectedCount, 1);
-  EXPECT_EQ(b.g.gctInfectedPos[1], At(9, 5));
-  EXPECT_EQ(b.w.At(9, 5), Picture::Infected);
-  EXPECT_EQ(b.sc.glScore, 2 * 15);
-  EXPECT_EQ(b.Caption(Label::lblScore), "30");
-  EXPECT_EQ(b.Caption(Label::lblVirus), "1");
-  EXPECT_EQ(b.Viruses(), std::vector<CoordPair>{At(22, 12)});
-
-  // Next turn a virus stepping onto the server dies there; no new server appears.
-  b.Set(At(12, 5), {At(8, 5), At(23, 13)}, {At(9, 5)});
-  b.sc.glScore = 0;
-  b.Key('5');
-  EXPECT_EQ(b.g.gnVirusLive, 1);
-  EXPECT_EQ(b.g.gnInfectedCount, 1);
-  EXPECT_EQ(b.sc.glScore, 15);
-  EXPECT_EQ(b.w.At(9, 5), Picture::Infected);
-}
-
-TEST(VirusTest, ThreeAndFourVirusesOnOneCell) {
-  {
+TEST(VirusTest, CrashesLeaveInfectedServersThatKillLaterViruses) {
+  // All step onto (9, 5): two crash and leave a server; a third dies on it, a fourth crashes anew.
+  const struct { Cells viruses, infected; int servers; } cases[] = {
+      {{At(8, 4), At(8, 6), kFar}, {}, 1},
+      {{At(8, 5), kFar}, {At(9, 5)}, 1},
+      {{At(8, 5), At(8, 5), At(8, 5), kFar}, {}, 1},
+      {{At(8, 5), At(8, 5), At(8, 5), At(8, 5), kFar}, {}, 2},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.viruses.size());
     Board b;
-    // Three viruses share a cell: they move as one onto (9, 5).
-    b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
+    b.Set(At(12, 5), c.viruses, c.infected);
     b.Key('5');
-    // The two lowest crash; the third dies on the new server.
-    EXPECT_EQ(b.g.gnVirusLive, 1);
-    EXPECT_EQ(b.g.gnInfectedCount, 1);
-    EXPECT_EQ(b.sc.glScore, 3 * 15);
-  }
-  {
-    Board b;
-    b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
-    b.Key('5');
-    EXPECT_EQ(b.g.gnVirusLive, 1);
-    ASSERT_EQ(b.g.gnInfectedCount, 2);
-    EXPECT_EQ(b.g.gctInfectedPos[1], At(9, 5));
-    EXPECT_EQ(b.g.gctInfectedPos[2], At(9, 5));
-    EXPECT_EQ(b.sc.glScore, 4 * 15);
+    EXPECT_EQ(b.Viruses(), Cells{At(22, 12)});
+    EXPECT_EQ(Cells(b.g.gctInfectedPos.begin() + 1, b.g.gctInfectedPos.end()), Cells(c.servers, At(9, 5)));
+    EXPECT_EQ(b.w.At(9, 5), Picture::Infected);
+    EXPECT_EQ(b.sc.glScore, 15 * static_cast<int>(c.viruses.size() - 1));
+    EXPECT_EQ(b.Broken(), "");
   }
 }
 
-TEST(VirusTest, VirusesOnTheMouseKillInsteadOfCrashing) {
+TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
+  const Cells all = Board().AllCellsAwayFrom(At(5, 5));
+  const struct { Cells viruses, infected; char key; const char* text; } causes[] = {
+      {{At(5, 4)}, {}, '8', "Poor little suicidal mouse! Lucky, lucky virus!"},
+      // Two viruses reaching the mouse kill it rather than crash.
+      {{At(6, 6), At(4, 4), kFar}, {}, '5',
+       "You have been infected by an skitterweb! Attempting to restore soul from backup."},
+      {{At(5, 4)}, {At(5, 4)}, '8', "Walked right into that one, didn't you?"},  // a cell with both is infected
+      {all, {}, '+', "That was a trapped link set up by those nasty viruses!  You are dead!"},
+      {{kFar}, all, '+', "That link lead you right to an infected site!  You are dead!"},
+      {{At(9, 5)}, {}, '0', "Sleeping mice make easy prey for those nasty little viruses!"},
+      {{kFar}, {}, 0, "You are one dead little mouse!"},
+  };
+  for (const auto& c : causes) {
+    SCOPED_TRACE(c.text);
+    Board b;
+    b.Set(At(5, 5), c.viruses, c.infected);
+    b.g.gnSitesHit = 3;
+    if (c.key) b.Key(c.key);
+    else b.g.PlayerDead(9);
+    EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
+    EXPECT_EQ(b.w.messages.at(0).nButtons, 0);
+    // A reconnect spent, and the same site laid out again.
+    EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive, b.g.gnInfectedCount,
+                                b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
+              std::vector<int>({1, 3, 10, 0, 0, 0, 0}));
+    EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
+    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
+  }
+}
+
+TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
+  for (int16_t answer : {7, 6}) {
+    SCOPED_TRACE(answer);
+    Board b;
+    b.Set(At(5, 5), {At(5, 4)});
+    b.g.gnReconnects = 0;
+    b.g.gnSitesHit = 4;
+    b.sc.glScore = 4321;  // enough for the webmaster lists, entered before the question
+    const int16_t games = b.g.gnGameNum;
+    b.w.answers = {1, 1, answer};
+    b.Key('8');
+    const std::vector<std::string> shown = Shown(b.w);
+    ASSERT_EQ(shown.size(), 3u);
+    EXPECT_EQ(shown[0],
+              "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file irretrievable! Game Over!");
+    EXPECT_EQ(shown[2], "Play again?: Would you like to play another game?");
+    EXPECT_EQ(b.w.messages.at(2).nButtons, 4);
+    EXPECT_EQ(b.sw.hs.Entry(HighScores::kAllTime, 2, 1), (WebmasterEntry{4321, 4, ""}));
+    EXPECT_EQ(b.sw.hs.Entry(HighScores::kPersonal, 2, 1), (WebmasterEntry{4321, 4, ""}));
+    const bool again = answer == 6;
+    EXPECT_EQ(std::vector<int>({b.g.gnGameNum - games, b.g.gbGameOn, b.g.gnReconnects}),
+              again ? std::vector<int>({1, -1, 2}) : std::vector<int>({0, 0, -1}));
+    EXPECT_EQ(b.Caption(Label::lblReconnects), again ? "2" : "-");
+    if (!again) {  // the game stays over: keys do nothing
+      const int16_t moves = b.g.gnMoveCount;
+      b.Key('2');
+      b.Key('+');
+      EXPECT_EQ(b.g.gnMoveCount, moves);
+      EXPECT_EQ(b.w.messages.size(), 3u);
+      EXPECT_EQ(b.w.At(5, 4), Picture::Death);
+    }
+  }
+}
+
+TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHit) {
   Board b;
-  b.Set(At(5, 5), {At(6, 6), At(4, 4), At(23, 13)});
+  b.Set(At(12, 5), {At(8, 4), At(8, 6)});
+  b.sc.glNextExtraLife = 1;  // the first kill earns a reconnect
   b.Key('5');
-  // Both reach the mouse: no crash, the mouse dies (cause 2) and the site starts again.
-  ASSERT_EQ(b.w.Titles(), std::vector<std::string>{"Player Died"});
-  EXPECT_EQ(b.w.messages[0].text,
-            "You have been infected by an skitterweb! Attempting to restore soul from backup.\n"
-            "Life program re-initialized. You now have 1 reconnects remaining. Get ready to try again!");
-  EXPECT_EQ(b.sc.glScore, 0);
-  EXPECT_EQ(b.g.gnReconnects, 1);
-  EXPECT_EQ(b.g.gnInfectedCount, 0);
-  EXPECT_EQ(b.g.gnVirusLive, 7);
-  EXPECT_EQ(b.g.gbEndSite, -1);
+  EXPECT_EQ(Shown(b.w),
+            (std::vector<std::string>{
+                "Bonus Points: Amazing!  You hit the site without having to link!\nBonus 125 points awarded!",
+                "Bonus Points: Good job!  You hit the site making only 0 moves!\nBonus 250 points awarded!",
+                "Extra Reconnect: Unbelieveable!  You have earned an extra reconnect!\nKeep going, webmaster!",
+                "Site Hit: Congradulations!  You have eluded the viruses and hit site number 1!\n"
+                "Get ready for your next web search!"}));
+  // Two kills, the site, no link, few moves, and the lag bonus (never above blue: 8 x 5).
+  EXPECT_EQ(b.sc.glScore, 15 + 15 + 100 + 125 + 250 + 40);
+  EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({3, 1, 8}));
+  EXPECT_EQ(b.Broken(), "");
+
+  // Wait ends when the last crash ends the site.
+  Board w;
+  w.Set(At(12, 5), {At(6, 3), At(6, 7)});
+  w.Key('0');
+  EXPECT_EQ(w.w.sleeps, std::vector<int32_t>{200});
+  EXPECT_EQ(std::vector<int>({w.g.gnSitesHit, w.g.gbWaitOn}), std::vector<int>({1, 0}));
+  ASSERT_FALSE(w.w.messages.empty());
+  EXPECT_EQ(w.w.messages.back().szTitle, "Site Hit");
+}
+
+TEST(SiteEndTest, OverflowOnHardIsReportedAndTheGameGoesOn) {
+  Board b(3);
+  b.Set(At(12, 5), {At(8, 4), At(8, 6)});
+  b.g.gnReconnects = 5;
+  b.sc.glNextExtraLife = 10;  // every score call finds the threshold passed
+  b.Key('5');
+  // Each kill's maximum-reconnect bonus overflows; so does the site's first bonus.
+  EXPECT_EQ(b.w.Titles(), (std::vector<std::string>{"Error: KillVirus", "Error: KillVirus", "Bonus Points",
+                                                     "Error: NewSite", "Site Hit"}));
+  for (size_t i : {0u, 1u, 3u}) EXPECT_NE(b.w.messages.at(i).text.find("Overflow"), std::string::npos);
+  EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({5, 1, 8}));
+  EXPECT_EQ(b.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
+  const CoordPair before = b.g.gctPlayerPos;
+  b.Key(before.nRow > 0 ? '8' : '2');
+  EXPECT_NE(b.g.gctPlayerPos, before);
 }
 
 TEST(VirusTest, NightmareMovesTheVirusesTwice) {
   Board b(4);
-  b.Set(At(5, 5), {At(23, 13)});
+  b.Set(At(5, 5), {kFar});
   b.g.gnLag = 3;
   b.Key('6');
   EXPECT_EQ(b.w.sleeps, std::vector<int32_t>{300});
-  EXPECT_EQ(b.Viruses(), std::vector<CoordPair>{At(21, 11)});
+  EXPECT_EQ(b.Viruses(), Cells{At(21, 11)});
   EXPECT_EQ(b.g.gnLag, 1);  // one step before the second phase, one at the end of the turn
-
-  // No second phase after a link, nor when the first phase ended the site.
-  b.Set(At(5, 5), {At(23, 13)});
-  b.w.sleeps.clear();
-  b.Key('+');
-  EXPECT_EQ(b.w.sleeps, std::vector<int32_t>{325});
-  b.Set(At(5, 5), {At(7, 5)});
-  b.w.sleeps.clear();
-  b.Key('5');  // the first phase brings the virus next to the mouse, the second onto it
-  EXPECT_EQ(b.w.sleeps, std::vector<int32_t>{300});
-  EXPECT_EQ(b.w.Titles(), std::vector<std::string>{"Player Died"});
-  b.w.messages.clear();
-  b.w.sleeps.clear();
-  b.Set(At(5, 5), {At(6, 5), At(23, 13)});
-  b.Key('5');  // the first phase kills: no pause, no second phase
-  EXPECT_TRUE(b.w.sleeps.empty());
-  EXPECT_EQ(b.w.Titles(), std::vector<std::string>{"Player Died"});
-}
-
-TEST(VirusTest, WaitRunsPhasesUntilTheSiteEnds) {
-  {
-    // Ends by the mouse's death: the sleeping-mouse text.
-    Board b;
-    b.Set(At(5, 5), {At(9, 5)});
-    b.Key('0');
-    EXPECT_EQ(b.w.sleeps, (std::vector<int32_t>{200, 200, 200}));
-    ASSERT_EQ(b.w.Titles(), std::vector<std::string>{"Player Died"});
-    EXPECT_EQ(b.w.messages[0].text.substr(0, b.w.messages[0].text.find('\n')),
-              "Sleeping mice make easy prey for those nasty little viruses!");
-    EXPECT_EQ(b.g.gbWaitOn, 0);
-    EXPECT_EQ(b.g.gnMoveCount, 0);
-  }
-  {
-    // Ends by the last crash: the site is hit.
-    Board b;
-    b.Set(At(12, 5), {At(6, 3), At(6, 7)});
-    b.Key('0');
-    // Phases: (7,4)/(7,6), (8,5)/(8,5) crash.
-    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>{200});
-    EXPECT_EQ(b.g.gnSitesHit, 1);
-    EXPECT_EQ(b.g.gnVirusLive, 8);
-    EXPECT_EQ(b.g.gbWaitOn, 0);
-    EXPECT_EQ(b.w.Titles().back(), "Site Hit");
+  // After a link only the link's pause (as on hard), then one phase; a second phase after a first that brings
+  // a virus next to the mouse; none after one that kills.
+  const struct { Cells viruses; char key; std::vector<int32_t> sleeps; size_t deaths; } cases[] = {
+      {{kFar}, '+', {325}, 0}, {{At(7, 5)}, '5', {300}, 1}, {{At(6, 5), kFar}, '5', {}, 1}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.viruses[0].Text());
+    b.Set(At(5, 5), c.viruses);
+    b.w.sleeps.clear();
+    b.w.messages.clear();
+    b.Key(c.key);
+    EXPECT_EQ(b.w.sleeps, c.sleeps);
+    EXPECT_EQ(b.w.messages.size(), c.deaths);
+    if (c.key == '+') {
+      EXPECT_EQ(b.Viruses(), Cells{At(22, 12)});
+    }
   }
 }
 

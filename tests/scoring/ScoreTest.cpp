@@ -1,160 +1,109 @@
-// Score events, site bonuses, extra reconnects and the message queue.
+// Score events, site bonuses, extra reconnects, the message queue and the webmaster lists.
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
-#include "runtime/RuntimeError.h"
 
 namespace sw::test {
 
-TEST(ScoreTest, PointsTablePerDifficulty) {
-  const int32_t expected[5][9] = {{},
-                                  {0, 3, 20, 1, 2, 25, 45, 5, 1},
-                                  {0, 15, 100, 5, 10, 125, 225, 25, 5},
-                                  {0, 75, 500, 25, 50, 625, 1125, 125, 25},
-                                  {0, 450, 3000, 150, 300, 3750, 6750, 750, 150}};
+TEST(ScoreTest, EventsAndSiteBonuses) {
+  const int32_t base[9] = {0, 3, 20, 1, 2, 25, 45, 5, 1}, mod[5] = {0, 1, 5, 25, 150};
   Board b;
   for (int16_t d = 1; d <= 4; ++d) {
     b.sw.opts.Current().nDiff = d;
     b.sc.SetPoints();
-    for (size_t e = 1; e <= 8; ++e) EXPECT_EQ(b.sc.glPoints[e], expected[d][e]) << d << "/" << e;
+    for (size_t e = 1; e <= 8; ++e) EXPECT_EQ(b.sc.glPoints[e], base[e] * mod[d]) << d << "/" << e;
   }
   EXPECT_EQ(b.sc.glExtraLifeBonus, (std::array<int32_t, 5>{0, 2000, 10000, 25000, 60000}));
-}
 
-TEST(ScoreTest, SiteEventGrowsWithTheSitesAlreadyHit) {
-  Board b;  // normal
-  b.g.gnSitesHit = 2;
-  b.g.gbScoreNoLinkSite = 0;
-  b.g.gnMoveCount = 9;
-  b.g.gbScoreMinLag = 4;
-  b.sc.AddPoints(2);
-  EXPECT_EQ(b.sc.glScore, 120);
-  EXPECT_TRUE(b.w.messages.empty());
-  EXPECT_EQ(b.Caption(Label::lblScore), "120");
-}
-
-TEST(ScoreTest, FewMovesBonus) {
-  Board b(1);  // easy
-  b.g.gnMoveCount = 8;
-  b.sc.AddPoints(6);
-  EXPECT_EQ(b.sc.glScore, 10);
-  ASSERT_EQ(b.w.messages.size(), 1u);
-  EXPECT_EQ(b.w.messages[0].text, "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!");
-  EXPECT_EQ(b.w.messages[0].szTitle, "Bonus Points");
-  b.g.gnMoveCount = 9;
-  b.sc.AddPoints(6);
-  EXPECT_EQ(b.sc.glScore, 10);
-  EXPECT_EQ(b.w.messages.size(), 1u);
-  // Halves go to the even neighbour: 5 moves on normal give 5 x 225 / 9 = 125 exactly,
-  // 1 move on easy gives 9 x 45 / 9 = 45, 7 on easy 3 x 45 / 9 = 15.
-  b.g.gnMoveCount = 7;
-  b.sc.AddPoints(6);
-  EXPECT_EQ(b.sc.glScore, 25);
-}
-
-TEST(ScoreTest, NoLinkAndLagBonuses) {
-  Board b;
-  b.sc.AddPoints(5);
-  EXPECT_EQ(b.sc.glScore, 125);
-  ASSERT_EQ(b.w.messages.size(), 1u);
-  EXPECT_EQ(b.w.messages[0].text, "Amazing!  You hit the site without having to link!\nBonus 125 points awarded!");
-  b.g.gbScoreNoLinkSite = 0;
-  b.sc.AddPoints(5);
-  EXPECT_EQ(b.sc.glScore, 125);
-
-  const int32_t lag[5] = {0, 40, 20, 10, 0};
-  for (int16_t tier = 1; tier <= 4; ++tier) {
-    b.sc.glScore = 0;
-    b.g.gbScoreMinLag = tier;
-    b.sc.AddPoints(8);
-    EXPECT_EQ(b.sc.glScore, lag[tier]) << tier;
+  const std::string bonus = "Bonus Points: ";
+  const struct { int16_t diff, event, sites, noLink, moves, minLag; int32_t points; std::string shown; } cases[] = {
+      {2, 2, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
+      {2, 5, 0, -1, 0, 1, 125, bonus + "Amazing!  You hit the site without having to link!\nBonus 125 points awarded!"},
+      {2, 5, 0, 0, 0, 1, 0, ""},
+      {1, 6, 0, -1, 8, 1, 10, bonus + "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!"},
+      {1, 6, 0, -1, 9, 1, 0, ""},
+      // (10 - moves) / 9 of the bonus, halves to the even neighbour.
+      {1, 6, 0, -1, 7, 1, 15, bonus + "Good job!  You hit the site making only 7 moves!\nBonus 15 points awarded!"},
+      {2, 8, 0, -1, 0, 1, 40, ""},  {2, 8, 0, -1, 0, 2, 20, ""}, {2, 8, 0, -1, 0, 3, 10, ""},
+      {2, 8, 0, -1, 0, 4, 0, ""},   {1, 8, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
+      {1, 3, 0, -1, 0, 1, 1, ""},   {1, 4, 0, -1, 0, 1, 2, ""},  {1, 7, 0, -1, 0, 1, 0, ""},
+      {2, 9, 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::to_string(c.diff) + "/" + std::to_string(c.event) + "/" + std::to_string(c.moves));
+    Board p(c.diff);
+    p.g.gnSitesHit = c.sites;
+    p.g.gbScoreNoLinkSite = c.noLink;
+    p.g.gnMoveCount = c.moves;
+    p.g.gbScoreMinLag = c.minLag;
+    p.sc.AddPoints(c.event);
+    EXPECT_EQ(p.sc.glScore, c.points);
+    EXPECT_EQ(Shown(p.w), c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown});
   }
-  // Easy never pays the lag bonus.
-  Board e(1);
-  e.g.gbScoreMinLag = 1;
-  e.sc.AddPoints(8);
-  EXPECT_EQ(e.sc.glScore, 0);
-  // Events 3 and 4 are plain, 7 scores nothing.
-  e.sc.AddPoints(3);
-  e.sc.AddPoints(4);
-  e.sc.AddPoints(7);
-  EXPECT_EQ(e.sc.glScore, 3);
 }
 
-TEST(ScoreTest, ExtraReconnectsOnePerCall) {
+TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
   Board b;  // normal: one every 10,000
-  b.sc.glScore = 25000;  // past two thresholds at once
-  b.sc.AddPoints(1);
-  EXPECT_EQ(b.g.gnReconnects, 3);
-  EXPECT_EQ(b.sc.glNextExtraLife, 20000);
-  EXPECT_EQ(b.sc.gnScoreMesgNum, 1);
-  EXPECT_TRUE(b.w.messages.empty());  // queued, not shown
-  b.sc.AddPoints(1);
-  EXPECT_EQ(b.g.gnReconnects, 4);
-  EXPECT_EQ(b.sc.glNextExtraLife, 30000);
-  b.sc.AddPoints(1);
-  EXPECT_EQ(b.g.gnReconnects, 4);
+  b.sc.glScore = 25000;
+  for (int i = 0; i < 3; ++i) b.sc.AddPoints(1);
+  EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.sc.glNextExtraLife}), std::vector<int>({4, 30000}));
   EXPECT_EQ(b.Caption(Label::lblReconnects), "4");
-
+  EXPECT_TRUE(b.w.messages.empty());
   b.sc.WriteScoreMesg();
-  ASSERT_EQ(b.w.messages.size(), 2u);
-  EXPECT_EQ(b.w.messages[0].szTitle, "Extra Reconnect");
-  EXPECT_EQ(b.w.messages[1].text, "Unbelieveable!  You have earned an extra reconnect!\nKeep going, webmaster!");
+  b.sc.WriteScoreMesg();  // the queue is empty now
+  const std::string extra =
+      "Extra Reconnect: Unbelieveable!  You have earned an extra reconnect!\nKeep going, webmaster!";
+  EXPECT_EQ(Shown(b.w), (std::vector<std::string>{extra, extra}));
   EXPECT_EQ(b.sc.gnScoreMesgNum, 0);
-  EXPECT_EQ(b.sc.gsmScoreMesg.size(), 1u);
-  b.sc.WriteScoreMesg();  // empty: nothing
-  EXPECT_EQ(b.w.messages.size(), 2u);
-}
 
-TEST(ScoreTest, MaximumReconnectsGiveAPointBonusOnNormal) {
-  Board b;
+  // At five reconnects: 1,500 points per score step instead (7,500 on normal).
+  b.w.messages.clear();
   b.g.gnReconnects = 5;
-  b.sc.glScore = 10000;
+  b.sc.glScore = b.sc.glNextExtraLife = 10000;
   b.sc.AddPoints(1);
-  EXPECT_EQ(b.sc.glScore, 10000 + 15 + 7500);
-  EXPECT_EQ(b.sc.glNextExtraLife, 10000 + 17500);
-  EXPECT_EQ(b.g.gnReconnects, 5);
-  b.sc.WriteScoreMesg();
-  ASSERT_EQ(b.w.messages.size(), 1u);
-  EXPECT_EQ(b.w.messages[0].text,
-            "This is unheard of!  You have earned an extra reconnect but you already have the maximum number of "
-            "reconnects!\nYou get 7,500 extra points instead!");
+  EXPECT_EQ(std::vector<int>({b.sc.glScore, b.sc.glNextExtraLife, b.g.gnReconnects}),
+            std::vector<int>({10000 + 15 + 7500, 10000 + 17500, 5}));
   EXPECT_EQ(b.Caption(Label::lblScore), "17,515");
+  b.sc.WriteScoreMesg();
+  EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Extra Reconnect: This is unheard of!  You have earned an extra "
+                                                 "reconnect but you already have the maximum number of reconnects!\n"
+                                                 "You get 7,500 extra points instead!"});
+  Board n(4);  // on hard and nightmare the bonus overflows 16 bits (hard: see the site-end tests)
+  n.g.gnReconnects = 5;
+  n.sc.glScore = n.sc.glNextExtraLife;
+  EXPECT_EQ(ErrorOf([&] { n.sc.AddPoints(1); }), 6);
 }
 
-TEST(ScoreTest, MaximumReconnectBonusOverflowsOnHardAndNightmare) {
-  for (int16_t d : {3, 4}) {
-    Board b(d);
-    b.g.gnReconnects = 5;
-    b.sc.glScore = b.sc.glNextExtraLife;
-    const int32_t threshold = b.sc.glNextExtraLife;
-    try {
-      b.sc.AddPoints(1);
-      ADD_FAILURE() << "no overflow on difficulty " << d;
-    } catch (const RuntimeError& err) {
-      EXPECT_EQ(err.Number(), 6);
-    }
-    // The event's own points were added, the bonus was not; nothing queued.
-    EXPECT_EQ(b.sc.glScore, threshold + b.sc.glPoints[1]);
-    EXPECT_EQ(b.sc.glNextExtraLife, threshold);
-    EXPECT_EQ(b.sc.gnScoreMesgNum, 0);
-  }
-  Board e(1);
-  e.g.gnReconnects = 5;
-  e.sc.glScore = 2000;
-  e.sc.AddPoints(1);
-  EXPECT_EQ(e.sc.glScore, 2000 + 3 + 1500);
-}
-
-TEST(ScoreTest, InvalidEventIsReportedAndStillChecksTheThreshold) {
+TEST(WebmasterTable, PlacesAreEarnedByScoreThenSitesAndEntered) {
   Board b;
-  b.sc.glScore = 10000;
-  b.sc.AddPoints(9);
-  ASSERT_EQ(b.w.messages.size(), 1u);
-  EXPECT_EQ(b.w.messages[0].text, "Invalid score event [9]");
-  EXPECT_EQ(b.w.messages[0].szTitle, "AddPoints Error");
-  EXPECT_EQ(b.sc.glScore, 10000);
-  EXPECT_EQ(b.g.gnReconnects, 3);
+  HighScores& hs = b.sw.hs;
+  // {score, sites, all-time slot, personal slot} against lists of 1000, 900, ..., 100 with 5 sites
+  // each, the personal best 5000; the last case is entered and checked below.
+  const int cases[][4] = {{100, 5, 0, 0},  {100, 4, 0, 0}, {100, 6, 10, 10},
+                          {1001, 0, 1, 2}, {0, 9, 0, 0},   {650, 7, 5, 5}};
+  for (const auto& c : cases) {
+    for (int t : {0, 1})
+      for (int i = 1; i <= 10; ++i) hs.Entry(t, 2, i) = {1100 - 100 * i, 5, "p" + std::to_string(i)};
+    hs.Entry(HighScores::kPersonal, 2, 1).lScore = 5000;
+    b.w.messages.clear();
+    b.sc.glScore = c[0];
+    b.g.gnSitesHit = static_cast<int16_t>(c[1]);
+    hs.CheckHighScore();
+    EXPECT_EQ(std::vector<int>({hs.gnGlobalSlot, hs.gnPersonalSlot}), std::vector<int>({c[2], c[3]}))
+        << c[0] << "/" << c[1];
+    EXPECT_EQ(b.w.messages.size(), c[2] ? 1u : 0u);
+  }
+  EXPECT_EQ(Shown(b.w), std::vector<std::string>{"New Webmaster: Well done!  A new high score!\n"
+                                                 "You shall be added to the webmaster lists!"});
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 4).lScore, 700);
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 5), (WebmasterEntry{650, 7, ""}));
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 6), (WebmasterEntry{600, 5, "p5"}));
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 10), (WebmasterEntry{200, 5, "p9"}));  // the old tenth is gone
+  EXPECT_EQ(hs.Entry(HighScores::kPersonal, 2, 5), (WebmasterEntry{650, 7, ""}));
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 3, 1), WebmasterEntry{});  // other difficulties untouched
+  hs.ClearAll();
+  b.g.gbGameInit = -1;  // nothing while the board is only being prepared
+  hs.CheckHighScore();
+  EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 1).lScore, 0);
 }
 
 }  // namespace sw::test

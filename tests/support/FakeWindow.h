@@ -1,6 +1,7 @@
 #pragma once
 // A recording stand-in for the main window: it keeps the board, the labels
-// and the lag bar, logs every call, and answers message boxes from a script.
+// and the lag bar, logs what is shown and played, and answers message boxes from a script.
+#include <algorithm>
 #include <deque>
 #include <map>
 #include <string>
@@ -18,8 +19,7 @@ struct ShownMsg {
 
 class FakeWindow : public IMainWindow {
  public:
-  // The board as drawn: [col][row].
-  Picture cells[64][64]{};
+  Picture cells[64][64]{};  // the board as drawn: [col][row]
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
   uint32_t barColor = color::Blue;
@@ -27,35 +27,38 @@ class FakeWindow : public IMainWindow {
   std::vector<ShownMsg> messages;
   std::deque<int16_t> answers;  // scripted answers; when empty, the default button's code
   std::vector<std::string> sounds;  // file names opened
-  std::vector<std::string> soundCommands;
   std::vector<int32_t> sleeps;
-  std::vector<Pointer> pointers;
   std::map<Menu, bool> checked, enabled;
-  int refreshes = 0, doEvents = 0, setSizes = 0, setGrids = 0;
   bool record = true;  // false: keep no logs (benchmarks)
 
-  // Message titles in order.
   std::vector<std::string> Titles() const;
   Picture At(int col, int row) const { return cells[col][row]; }
   int Count(Picture p) const;
 
-  void SetCellPicture(int16_t nCol, int16_t nRow, Picture pic) override;
-  void Refresh() override { ++refreshes; }
-  void SetSize() override { ++setSizes; }
-  void SetGrid() override { ++setGrids; }
-  void SetCaption(Label lbl, const std::string& text) override;
-  void SetLabelColors(Label lbl, uint32_t backColor, uint32_t foreColor) override;
+  void SetCellPicture(int16_t nCol, int16_t nRow, Picture pic) override {
+    if (nCol >= 0 && nCol < 64 && nRow >= 0 && nRow < 64) cells[nCol][nRow] = pic;
+  }
+  void Refresh() override {}
+  void SetSize() override {}
+  void SetGrid() override {}
+  void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
+  void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
   uint32_t LagBarColor() const override { return barColor; }
   int32_t LagBarMax() const override { return barMax; }
   void SetLagBarColor(uint32_t c) override { barColor = c; }
-  void SetLagBarValue(int32_t v) override;
-  void SetLagBarRange(int32_t min, int32_t max) override { barMin = min; barMax = max; }
+  // The bar keeps its value within its range, as the progress bar does.
+  void SetLagBarValue(int32_t v) override { barValue = std::max(std::min(v, barMax), barMin); }
+  void SetLagBarRange(int32_t min, int32_t max) override { barMin = min, barMax = max; }
   int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
-  void SetSoundFileName(const std::string& fileName) override;
-  void SoundCommand(const std::string& command) override;
-  void SetPointer(Pointer p) override;
-  void Sleep(int32_t ms) override;
-  void DoEvents() override { ++doEvents; }
+  void SetSoundFileName(const std::string& fileName) override { pendingSound_ = fileName; }
+  void SoundCommand(const std::string& command) override {
+    if (record && command == "Open") sounds.push_back(pendingSound_);
+  }
+  void SetPointer(Pointer) override {}
+  void Sleep(int32_t ms) override {
+    if (record) sleeps.push_back(ms);
+  }
+  void DoEvents() override {}
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
 

@@ -1,13 +1,15 @@
 #pragma once
-// A fresh, empty directory that becomes the current directory for as long as
-// the object lives; the old current directory comes back and the directory
-// is removed afterwards. The game reads and writes its files by bare names.
+// A fresh, empty directory that is the current directory for as long as the
+// object lives; the game reads and writes its files by bare names.
+#include <signal.h>
+#include <sys/resource.h>
 #include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <set>
 #include <stdexcept>
 #include <string>
 
@@ -24,29 +26,41 @@ class TempDir {
   ~TempDir() {
     std::error_code ec;
     std::filesystem::current_path(old_, ec);
-    // A test may have taken the write permission away; give it back before removing.
-    std::filesystem::permissions(path_, std::filesystem::perms::owner_all, std::filesystem::perm_options::add, ec);
     std::filesystem::remove_all(path_, ec);
   }
   TempDir(const TempDir&) = delete;
   TempDir& operator=(const TempDir&) = delete;
 
-  const std::filesystem::path& Path() const { return path_; }
-
  private:
-  std::filesystem::path old_;
-  std::filesystem::path path_;
+  std::filesystem::path old_, path_;
 };
 
-// Small helpers for files in the current directory.
 inline std::string Slurp(const std::string& name) {
   std::ifstream in(name, std::ios::binary);
   return std::string(std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>());
 }
 
 inline void Spit(const std::string& name, const std::string& bytes) {
-  std::ofstream out(name, std::ios::binary | std::ios::trunc);
-  out << bytes;
+  std::ofstream(name, std::ios::binary | std::ios::trunc) << bytes;
+}
+
+inline std::set<std::string> DirNames() {
+  std::set<std::string> names;
+  for (const auto& e : std::filesystem::directory_iterator(".")) names.insert(e.path().filename().string());
+  return names;
+}
+
+// Runs f while no file can grow beyond `bytes`: writes stop part of the way, as on a full disk.
+inline void WithFileSizeLimit(size_t bytes, const std::function<void()>& f) {
+  struct rlimit saved {};
+  ::getrlimit(RLIMIT_FSIZE, &saved);
+  struct rlimit lim = saved;
+  lim.rlim_cur = bytes;
+  auto* oldHandler = ::signal(SIGXFSZ, SIG_IGN);
+  ::setrlimit(RLIMIT_FSIZE, &lim);
+  f();
+  ::setrlimit(RLIMIT_FSIZE, &saved);
+  ::signal(SIGXFSZ, oldHandler);
 }
 
 }  // namespace sw::test

@@ -1,0 +1,206 @@
+// Starting a game, the player's commands and the net lag.
+#include <gtest/gtest.h>
+
+#include "game/Board.h"
+
+namespace sw::test {
+
+namespace {
+// A far virus that keeps the site alive and shows whether the viruses moved.
+const CoordPair kFar = At(23, 13);
+const Cells kFarMoved = {At(22, 12)};
+
+// gnLag, gnColorLag and the lag tier mark of the scoring.
+std::vector<int> Lag(const Board& b) { return {b.g.gnLag, b.g.gnColorLag, b.g.gbScoreMinLag}; }
+
+int Distance(CoordPair a, CoordPair b) { return std::max(std::abs(a.nCol - b.nCol), std::abs(a.nRow - b.nRow)); }
+
+// A fresh site: the rules of a game in progress, the mouse standing, the site's counters reset.
+void ExpectFreshSite(const Board& b, int n) {
+  EXPECT_EQ(b.Broken(), "");
+  EXPECT_EQ(b.w.At(b.g.gctPlayerPos.nCol, b.g.gctPlayerPos.nRow), Picture::Player5);
+  const Game& g = b.g;
+  EXPECT_EQ(std::vector<int>({g.gnVirusLive, g.gnVirusMax, g.gnInfectedCount, g.gbEndSite, g.gbWaitOn, g.gnMoveCount,
+                              g.gbScoreNoLinkSite, g.gbScoreMinLag}),
+            std::vector<int>({n, n, 0, -1, 0, 0, -1, 1}));
+}
+}  // namespace
+
+TEST(StartTest, NewGameResetsTheCountersAndLaysOutTheFirstSite) {
+  Board b;
+  b.sw.hs.Entry(HighScores::kAllTime, 2, 1).lScore = 1234567;
+  b.sc.glScore = 999;
+  b.g.gnReconnects = 0;
+  const int16_t games = b.g.gnGameNum;
+  b.g.StartGame();
+  EXPECT_EQ(b.g.gnGameNum, games + 1);
+  EXPECT_EQ(std::vector<int>({b.g.gbGameOn, b.g.gnSitesHit, b.g.gnReconnects, b.sc.glScore, b.sc.glNextExtraLife}),
+            std::vector<int>({-1, 0, 2, 0, 10000}));
+  EXPECT_EQ(b.Caption(Label::lblHighScore), "1,234,567");
+  ExpectFreshSite(b, 7);
+  b.g.gbGameInit = -1;  // nothing starts while the board is only being prepared
+  b.g.StartGame();
+  EXPECT_EQ(b.g.gnGameNum, games + 1);
+
+  for (int16_t site : {0, 1, 22, 23, 40}) {  // 7 viruses more than the sites hit, at most 30
+    Board s;
+    s.sw.opts.Current().nStartSite = site;
+    s.g.StartGame();
+    EXPECT_EQ(s.g.gnSitesHit, site);
+    ExpectFreshSite(s, std::min(site + 7, 30));
+  }
+  // The lag display is reset, except on easy, which has no lag.
+  for (int16_t diff : {1, 2}) {
+    Board l(diff);
+    l.g.gnLag = l.w.barValue = 9;
+    l.w.barColor = color::Red;
+    l.w.labelColors.clear();
+    l.g.StartGame();
+    EXPECT_EQ(std::vector<int>({l.g.gnLag, l.w.barValue}), std::vector<int>(2, diff == 1 ? 9 : 0));
+    EXPECT_EQ(l.w.barColor, diff == 1 ? color::Red : color::Blue);
+    EXPECT_EQ(l.w.labelColors.size(), diff == 1 ? 0u : 1u);
+  }
+}
+
+TEST(CommandsTest, EachKeyAndWhatItCosts) {
+  // A turn is a virus step and a lag step. Off the map counts a move but takes no turn; the
+  // power-ups take only the lag step; backup, the dedicated line and unbound keys do nothing.
+  const struct { char key; CoordPair from, to; int16_t dir, moves, lag; bool turn; } cases[] = {
+      {'8', At(5, 5), At(5, 4), 8, 1, 1, true},  {'9', At(5, 5), At(6, 4), 9, 1, 1, true},
+      {'6', At(5, 5), At(6, 5), 6, 1, 1, true},  {'3', At(5, 5), At(6, 6), 3, 1, 1, true},
+      {'2', At(5, 5), At(5, 6), 2, 1, 1, true},  {'1', At(5, 5), At(4, 6), 1, 1, 1, true},
+      {'4', At(5, 5), At(4, 5), 4, 1, 1, true},  {'7', At(5, 5), At(4, 4), 7, 1, 1, true},
+      {'4', At(0, 5), At(0, 5), 4, 1, 2, false}, {'5', At(5, 5), At(5, 5), 5, 0, 1, true},
+      {'a', At(5, 5), At(5, 5), 2, 0, 1, false}, {'e', At(5, 5), At(5, 5), 2, 0, 1, false},
+      {'r', At(5, 5), At(5, 5), 2, 0, 1, false}, {'s', At(5, 5), At(5, 5), 2, 0, 1, false},
+      {'b', At(5, 5), At(5, 5), 2, 0, 2, false}, {'d', At(5, 5), At(5, 5), 2, 0, 2, false},
+      {'z', At(5, 5), At(5, 5), 2, 0, 2, false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(1, c.key) + " from " + c.from.Text());
+    Board b;
+    b.Set(c.from, {kFar});
+    b.g.gnLag = 2;
+    b.g.gnPlayerDir = 2;
+    b.Key(c.key);
+    EXPECT_EQ(b.g.gctPlayerPos, c.to);
+    EXPECT_EQ(std::vector<int>({b.g.gnPlayerDir, b.g.gnMoveCount, b.g.gnLag}),
+              std::vector<int>({c.dir, c.moves, c.lag}));
+    EXPECT_EQ(b.Viruses(), c.turn ? kFarMoved : Cells{kFar});
+    EXPECT_EQ(b.w.At(c.to.nCol, c.to.nRow), c.to != c.from ? PlayerPicture(c.dir) : Picture::Player5);
+    EXPECT_EQ(b.w.Count(Picture::None), 64 * 64 - 2);
+  }
+}
+
+TEST(CommandsTest, SleepingAndDoubleBoundKeys) {
+  Board b;
+  b.Set(At(5, 5), {kFar});
+  b.sw.shell.gbSleepOn = -1;  // nothing at all during a timed pause
+  b.Key('8');
+  EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
+  b.sw.shell.gbSleepOn = 0;
+  // A key bound to two commands runs the earlier one in profile order; Link before the dedicated line.
+  ControlProfile& cp = b.sw.opts.Current().cpProfile[1];
+  cp.CPMoveLeft = cp.CPMoveUp = 'x';
+  b.Key('x');
+  EXPECT_EQ(b.g.gctPlayerPos, At(5, 4));
+  cp.CPDedLine = cp.CPLink = 'y';
+  b.Key('y');
+  EXPECT_EQ(b.g.gbScoreNoLinkSite, 0);
+  EXPECT_GE(Distance(b.g.gctPlayerPos, At(5, 4)), 2);
+}
+
+TEST(CommandsTest, LinkNeverLandsWithinOneCellOfItsStart) {
+  Board b(1, 7.0);  // easy: links are never refused
+  b.Set(At(10, 6), {});
+  for (int i = 0; i < 300; ++i) {
+    const CoordPair from = b.g.gctPlayerPos;
+    b.Key('+');
+    const CoordPair to = b.g.gctPlayerPos;
+    ASSERT_GE(Distance(from, to), 2) << i;
+    ASSERT_EQ(b.w.At(to.nCol, to.nRow), Picture::Player5);
+    ASSERT_EQ(b.w.At(from.nCol, from.nRow), Picture::None);
+  }
+  EXPECT_EQ(b.g.gnMoveCount, 300);
+  EXPECT_TRUE(b.w.sleeps.empty());
+  // With the mouse nowhere (-1, -1), placement ignores the rule: find a state that draws (0, 0).
+  Random probe;
+  uint32_t state = 1;
+  for (; state < (1u << 24); ++state) {
+    probe.SetState(state);
+    const float c = probe.Rnd();
+    if (c * 24.0f < 1.0f && probe.Rnd() * 14.0f < 1.0f) break;
+  }
+  ASSERT_LT(state, 1u << 24);
+  b.g.ResetObjects();
+  b.g.gbLinkOn = -1;  // a site laid out from inside a link turn
+  b.sw.rnd.SetState(state);
+  b.g.PlacePlayer();
+  EXPECT_EQ(b.g.gctPlayerPos, At(0, 0));
+}
+
+TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
+  // A link costs four turns from blue, five from yellow; from red it falls into the timeout.
+  const struct { int16_t lag; uint32_t bar; std::vector<int> after; uint32_t back, fore; const char* text; int value; }
+      links[] = {{2, color::Blue, {6, 4, 2}, color::Yellow, color::Black, "4", 6},
+                 {6, color::Yellow, {11, 5, 3}, color::Red, color::White, "5", 11},
+                 {8, color::Red, {14, -1, 4}, color::Black, color::White, "X", 13}};  // shown full
+  for (const auto& l : links) {
+    SCOPED_TRACE(l.lag);
+    Board b;
+    b.Set(At(10, 6), {kFar});
+    b.g.gnLag = l.lag;
+    b.w.barColor = l.bar;
+    b.Key('+');
+    EXPECT_EQ(b.Viruses(), Cells{kFar});  // on normal the jump is a free turn
+    EXPECT_TRUE(b.w.sleeps.empty());
+    EXPECT_EQ(Lag(b), l.after);
+    EXPECT_EQ(b.w.barColor, l.back);
+    EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(l.back, l.fore));
+    EXPECT_EQ(b.Caption(Label::lblNetLag), l.text);
+    EXPECT_EQ(b.w.barValue, l.value);
+  }
+  // In the timeout the lag no longer falls and a link is refused: a move counted, the no-link bonus lost.
+  Board b;
+  b.Set(At(10, 6), {kFar});
+  b.g.gnLag = 14;
+  b.w.barColor = color::Black;
+  b.Key('5');
+  b.Key('+');
+  EXPECT_EQ(b.g.gctPlayerPos, At(10, 6));
+  EXPECT_EQ(std::vector<int>({b.g.gnLag, b.g.gnMoveCount, b.g.gbScoreNoLinkSite, b.g.gbLinkOn}),
+            std::vector<int>({14, 1, 0, 0}));
+  b.g.InitMap();  // only a new layout of the site clears it
+  EXPECT_EQ(Lag(b), std::vector<int>({0, 0, 1}));
+  EXPECT_EQ(b.w.barColor, color::Blue);
+
+  // Falling: the tier mark stays at its highest; at 0 nothing changes, not even the colours.
+  const struct { std::vector<int> lag; uint32_t color; } falls[] = {
+      {{7, 1, 3}, color::Red},    {{6, 4, 3}, color::Yellow}, {{5, 3, 3}, color::Yellow}, {{4, 2, 3}, color::Yellow},
+      {{3, 1, 3}, color::Yellow}, {{2, 2, 3}, color::Blue},   {{1, 1, 3}, color::Blue},   {{0, 0, 3}, color::Blue}};
+  b.g.gnLag = 8;
+  for (const auto& f : falls) {
+    b.g.LagDown();
+    EXPECT_EQ(Lag(b), f.lag);
+    EXPECT_EQ(b.w.barColor, f.color);
+    EXPECT_EQ(b.Caption(Label::lblNetLag), std::to_string(f.lag[1]));
+  }
+  EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(color::Blue, color::White));
+  b.w.labelColors.clear();
+  b.g.LagDown();
+  EXPECT_EQ(b.g.gnLag, 0);
+  EXPECT_TRUE(b.w.labelColors.empty());
+
+  Board e(1);  // easy: no lag, and even a black bar refuses no link
+  e.Set(At(10, 6), {});
+  e.Key('+');
+  EXPECT_EQ(Lag(e), std::vector<int>({0, 0, 1}));
+  e.g.gnLag = 5;
+  e.g.LagDown();
+  EXPECT_EQ(e.g.gnLag, 5);
+  e.w.barColor = color::Black;
+  const CoordPair from = e.g.gctPlayerPos;
+  e.Key('+');
+  EXPECT_NE(e.g.gctPlayerPos, from);
+}
+
+}  // namespace sw::test

@@ -1,0 +1,260 @@
+// The options record, the built-in control profiles and the options file.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <string>
+
+#include "support/App.h"
+#include "support/TempDir.h"
+
+namespace sw::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+// The lines of a file, given joined by '|', each ended by CR LF.
+std::string FileText(const std::string& lines) {
+  std::string text;
+  for (char ch : lines + "|") text += ch == '|' ? std::string("\r\n") : std::string(1, ch);
+  return text;
+}
+
+// The program after loading an options file of the given lines.
+struct Loaded : App {
+  explicit Loaded(const std::string& lines) {
+    Spit(Options::kFileName, FileText(lines));
+    sw.opts.LoadOptions();
+  }
+  const OptionProfile& Rec(size_t i) const { return sw.opts.gopOpts.at(i); }
+};
+
+// The recovery: the message, and the table back to the single guest record.
+void ExpectRecovery(const App& a, const std::string& error) {
+  EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadOptions: Error opening the options file (sw.opt).  "
+                                                 "Default game option profile will be used.\n\nError (" + error});
+  EXPECT_EQ(LastSound(a.w), ".\\sounds\\powerup2.mp3");
+  App fresh;
+  const Options& o = a.sw.opts;
+  EXPECT_TRUE(o.gopOpts.size() == 1 && o.gnOptMax == 0 && o.gnOpt == 0.0 && o.gopOpts[0] == fresh.sw.opts.gopOpts[0]);
+}
+
+std::string Keys(const ControlProfile& cp) {
+  std::string s;
+  for (const CommandField& f : kCommandFields) s.push_back(static_cast<char>(cp.*f.field));
+  return s;
+}
+
+ControlProfile NumberedProfile(const std::string& name, int16_t base) {
+  ControlProfile cp;
+  cp.szName = name;
+  for (const CommandField& f : kCommandFields) cp.*f.field = base++;
+  return cp;
+}
+
+void AddPlayer(Options& o, const std::string& name) {
+  o.gopOpts.push_back(o.gopOpts[0]);  // a fresh record is the guest's
+  o.gopOpts.back().szUserName = name;
+  o.gnOptMax = static_cast<int16_t>(o.gopOpts.size() - 1);
+}
+
+TEST(OptionsRecord, GuestAndBuiltInProfiles) {
+  App a;
+  const Options& o = a.sw.opts;
+  EXPECT_EQ(o.gopOpts.at(0).szUserName, "Guest");
+  const auto& cp = o.gopOpts[0].cpProfile;
+  ASSERT_EQ(cp.size(), 5u);
+  // Up, up-right, right, down-right, down, down-left, left, up-left, wait, pause,
+  // anti-virus, reboot, backup, restore, upgrade, dedicated line, link.
+  EXPECT_EQ(cp[1].szName + "=" + Keys(cp[1]), "Number Pad (Default)=8963214705aebrsd+");
+  EXPECT_EQ(cp[2].szName + "=" + Keys(cp[2]), "Keyboard Left=erfcxzsw\td123456 ");
+  EXPECT_EQ(cp[3].szName + "=" + Keys(cp[3]), "Keyboard Right=op;/.,ki\tl12qw3e\r");
+  EXPECT_EQ(cp[4].szName + "=" + Keys(cp[4]), "Old School (larn)=kulnjbhy/.67890-p");
+}
+
+TEST(OptionsFile, SaveThenLoadRestoresEveryFieldButTheTwoQuirks) {
+  TempDir dir;
+  App a;
+  Options& o = a.sw.opts;
+  std::vector<ControlProfile> cp = o.gopOpts[0].cpProfile;
+  cp[0].CPLink = 99;  // the temporary profile is never saved
+  cp.push_back(NumberedProfile("Arrows", 100));
+  cp.push_back(NumberedProfile("Mine", -300));
+  o.gopOpts.push_back({"Ann, the first", "pass word", 6, "Mine", cp, 0, 4, 0, 0, 7, 5, -1, -1});
+  cp.resize(6);
+  cp[5] = NumberedProfile("Bob's", 32767);
+  o.gopOpts.push_back({"Bob", "", 0, "(Temporary)", cp, 0, 1, -1, -1, -2, 3, 0, 0});
+  o.gnOptMax = 2;
+  o.gnOpt = 2;
+  const std::vector<OptionProfile> saved = o.gopOpts;
+  o.SaveOptions();
+  const std::string file = Slurp(Options::kFileName);
+  EXPECT_NE(file.find("\"LastOption\",\" 2\"\r\n"), std::string::npos);
+  EXPECT_EQ(file.find("Guest"), std::string::npos);       // the guest is never written
+  EXPECT_EQ(file.find("Number Pad"), std::string::npos);  // nor the built-in profiles
+
+  App b;
+  b.sw.opts.LoadOptions();
+  EXPECT_TRUE(b.w.messages.empty());
+  EXPECT_EQ(b.sw.opts.gnOpt, 2.0);
+  EXPECT_EQ(b.sw.opts.gnOptMax, 2);
+  ASSERT_EQ(b.sw.opts.gopOpts.size(), 3u);
+  EXPECT_EQ(b.sw.opts.gopOpts[0], saved[0]);
+  for (size_t i = 1; i <= 2; ++i) {
+    OptionProfile expected = saved[i];
+    expected.szProfile = "(Temporary)";  // every record gets the current player's profile name
+    expected.cpProfile[0] = ControlProfile{};
+    EXPECT_EQ(b.sw.opts.gopOpts[i], expected) << i;
+  }
+}
+
+TEST(OptionsFile, OnePlayerIsFifteenLinesAndSavedKeysGoInAlphabeticalOrder) {
+  TempDir dir;
+  App a;
+  AddPlayer(a.sw.opts, "Ann");
+  a.sw.opts.gopOpts[1].szPassword = "pw";
+  a.sw.opts.gnOpt = 1;
+  a.sw.opts.SaveOptions();
+  EXPECT_EQ(Slurp(Options::kFileName),
+            FileText(R"~("Version","1.14"|"LastOption"," 1"|"OptionNum",1|"UserName","Ann"|"Password","pw"|)~"
+                     R"~("ControlProfileNum",1|"ControlProfileName","Number Pad (Default)"|"Debug",0|"Diff",2|)~"
+                     R"~("Grid",-1|"Sound",-1|"StartSite",0|"MapSize",3|"DownServers",0|"Safe",0)~"));
+  a.sw.opts.gopOpts[1].cpProfile.push_back(NumberedProfile("P", 1));  // CPMoveUp 1 ... CPLink 17
+  EXPECT_NE(a.sw.opts.OptionsText().find(FileText(
+                R"("ControlProfileBegin",5|"CPName","P"|"CPAntiVirus",11|"CPBackup",13|"CPDedLine",16|"CPLink",17|)"
+                R"("CPMoveDown",5|"CPMoveDownLeft",6|"CPMoveDownRight",4|"CPMoveLeft",7|"CPMoveRight",3|)"
+                R"("CPMoveUp",1|"CPMoveUpLeft",8|"CPMoveUpRight",2|"CPPause",10|"CPReboot",12|"CPRestore",14|)"
+                R"("CPSoftUpgrade",15|"CPWait",9|"Debug",0)")),
+            std::string::npos);
+}
+
+TEST(OptionsFile, ReaderFollowsTheTwoCursors) {
+  TempDir dir;
+  {
+    App a;  // no file at all
+    a.sw.opts.LoadOptions();
+    ExpectRecovery(a, "53): File not found");
+    EXPECT_FALSE(fs::exists(DebugLog::kFileName));
+  }
+  {  // lines before the first record go to the guest, key lines to its temporary profile
+    Loaded l(R"("Version","9"|"UserName","Zed"|"CPName","temp"|"CPLink",43|"Unknown","x"|"OptionNum",1|)"
+             R"("UserName","Ann")");
+    EXPECT_TRUE(l.w.messages.empty());
+    ASSERT_EQ(l.sw.opts.gopOpts.size(), 2u);
+    EXPECT_EQ(l.Rec(0).szUserName + " " + l.Rec(0).cpProfile[0].szName + " " + l.Rec(1).szUserName, "Zed temp Ann");
+    EXPECT_EQ(l.Rec(0).cpProfile[0].CPLink, 43);
+    EXPECT_EQ(l.sw.opts.gnOpt, 0.0);
+  }
+  {  // a gap: records 1 and 2 stay blank; record 3 is fresh, then overwritten
+    Loaded l(R"("OptionNum",3|"UserName","Cy"|"ControlProfileBegin",9|"CPName","Nine"|"OptionNum",2|"Diff",4|)"
+             R"("LastOption"," 3")");
+    EXPECT_TRUE(l.w.messages.empty());
+    ASSERT_EQ(l.sw.opts.gopOpts.size(), 4u);
+    EXPECT_EQ(l.sw.opts.gnOptMax, 3);
+    EXPECT_EQ(l.sw.opts.gnOpt, 3.0);
+    for (size_t i : {1u, 2u}) EXPECT_TRUE(l.Rec(i).szUserName.empty() && l.Rec(i).cpProfile.empty());
+    EXPECT_EQ(l.Rec(2).nDiff, 4);  // a lower number only moves the cursor
+    EXPECT_EQ(l.Rec(3).szUserName, "Cy");
+    EXPECT_EQ(l.Rec(3).nDiff, 2);
+    // "ControlProfileBegin",9 on a fresh record makes profile 5.
+    ASSERT_EQ(l.Rec(3).cpProfile.size(), 6u);
+    EXPECT_EQ(l.Rec(3).cpProfile[5].szName, "Nine");
+  }
+  {  // the profile cursor is not reset when the record changes
+    Loaded l(R"("OptionNum",1|"ControlProfileBegin",5|"CPName","A5"|"OptionNum",2|"ControlProfileBegin",5|)"
+             R"("CPName","B5"|"OptionNum",1|"CPWait",48|"OptionNum",2|"CPLink","13")");
+    EXPECT_TRUE(l.w.messages.empty());
+    EXPECT_EQ(l.Rec(1).cpProfile.at(5).szName + l.Rec(2).cpProfile.at(5).szName, "A5B5");
+    EXPECT_EQ(l.Rec(1).cpProfile.at(5).CPWait, 48);
+    EXPECT_EQ(l.Rec(2).cpProfile.at(5).CPLink, 13);
+  }
+}
+
+TEST(OptionsFile, ValuesAreReadAsNumbersIntegersAndFlags) {
+  TempDir dir;
+  Loaded l(R"("OptionNum",1|"Grid","abc"|"Sound",7|"Safe","-1"|"DownServers"," 0 "|"Diff",2.5|"MapSize",3.5|)"
+           R"("StartSite","4xyz"|"ControlProfileNum",-1|"UserName",Bare Name  |"Password","a""b"|)"
+           R"("Version","x","extra")");
+  EXPECT_TRUE(l.w.messages.empty());
+  const OptionProfile& r = l.Rec(1);
+  EXPECT_EQ(
+      std::vector<int>({r.bGrid, r.bSound, r.bSafe, r.bDownServers, r.nDiff, r.nMapSize, r.nStartSite, r.nProfile}),
+      std::vector<int>({0, -1, -1, 0, 2, 4, 4, -1}));
+  EXPECT_EQ(r.szUserName, "Bare Name");
+  EXPECT_EQ(r.szPassword, "a");  // a quote ends the string early
+}
+
+TEST(OptionsFile, BadLinesAndOverflowsLoseTheWholeFile) {
+  TempDir dir;
+  const std::pair<const char*, std::string> cases[] = {
+      {R"("OptionNum",1|"UserName","Ann"|"CPLink",40000)", "6): Overflow"},
+      {R"("OptionNum",1|"Diff",-32769)", "6): Overflow"},
+      {R"("OptionNum",40000)", "6): Overflow"},
+      {R"("OptionNum",1|"UserName")", "62): Input past end of file"},
+      {R"("OptionNum",1||"Diff",3)", "62): Input past end of file"},
+      {R"("OptionNum",-2|"UserName","x")", "9): Subscript out of range"},
+      // A profile line for a blank record, or for a profile index that record lacks.
+      {R"("OptionNum",3|"OptionNum",1|"ControlProfileBegin",5)", "9): Subscript out of range"},
+      {R"("OptionNum",1|"ControlProfileBegin",5|"OptionNum",2|"ControlProfileBegin",5|"ControlProfileBegin",6|)"
+       R"("OptionNum",1|"CPWait",48)",
+       "9): Subscript out of range"},
+      // The current player names no record: its debug flag cannot be read.
+      {R"("Version","1.14"|"LastOption"," 1")", "9): Subscript out of range"},
+  };
+  for (const auto& [lines, error] : cases) {
+    SCOPED_TRACE(error);
+    Loaded l(lines);
+    ExpectRecovery(l, error);
+  }
+  // A file far too big for options is refused, not read.
+  fs::resize_file(Options::kFileName, 64u * 1024 * 1024);
+  App big;
+  big.sw.opts.LoadOptions();
+  ExpectRecovery(big, "7): Out of memory");
+}
+
+TEST(OptionsFile, DebugFlagOpensTheLogAfterLoading) {
+  TempDir dir;
+  const std::string file = R"("OptionNum",1|"UserName","Ann"|"Debug",-1|"LastOption"," 1")";
+  {
+    Loaded l(file);
+    EXPECT_TRUE(l.w.messages.empty());
+    EXPECT_TRUE(l.sw.dbg.IsOpen() && l.w.checked[Menu::menUseDL] && l.w.enabled[Menu::menClearDL] &&
+                l.w.enabled[Menu::menMarkDL]);
+    l.sw.opts.SaveOptions();
+    l.sw.dbg.DebugExit();
+    const std::string log = Slurp(DebugLog::kFileName);
+    EXPECT_NE(log.find("\r\n{{ LoadOptions }} (variables) gnOpt=1 gnOptMax=1\r\n"), std::string::npos);
+    EXPECT_NE(log.find("\r\n{{ SaveOptions }} (variables) gnOpt=1 UBound(gopOpts)=1\r\n"), std::string::npos);
+  }
+  // The log cannot be opened: the records stay, logging is off.
+  fs::remove(DebugLog::kFileName);
+  fs::create_directory(DebugLog::kFileName);
+  Loaded l(file);
+  EXPECT_EQ(Shown(l.w), std::vector<std::string>{
+                            "Error: DebugOpen: Failed to open debug log\nPlease check file I/O accessability"});
+  EXPECT_EQ(LastSound(l.w), ".\\sounds\\powerup2.mp3");
+  EXPECT_EQ(l.sw.opts.Current().szUserName, "Ann");
+  EXPECT_EQ(l.sw.opts.Current().bDebug, 0);
+  EXPECT_FALSE(l.sw.dbg.IsOpen() || l.w.checked[Menu::menUseDL] || l.w.enabled.contains(Menu::menClearDL));
+}
+
+TEST(OptionsFile, SaveFailuresGoToTheCallerAndLeaveTheOldFile) {
+  TempDir dir;
+  App a;
+  AddPlayer(a.sw.opts, "Ann");
+  a.sw.opts.gnOpt = 1;
+  a.sw.opts.SaveOptions();
+  const std::string old = Slurp(Options::kFileName);
+  for (int i = 0; i < 20; ++i) AddPlayer(a.sw.opts, "Player " + std::to_string(i));
+  WithFileSizeLimit(old.size() + 100, [&] { EXPECT_NE(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 0); });
+  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
+  a.sw.opts.gnOpt = 30;  // the profile name comes from a record that does not exist
+  EXPECT_EQ(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 9);
+  a.sw.opts.gnOpt = 1;
+  fs::create_directory(std::string(Options::kFileName) + ".new");
+  EXPECT_NE(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 0);
+  EXPECT_EQ(Slurp(Options::kFileName), old);
+}
+
+}  // namespace
+}  // namespace sw::test
