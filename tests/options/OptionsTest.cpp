@@ -256,5 +256,17 @@ TEST(OptionsFile, SaveFailuresGoToTheCallerAndLeaveTheOldFile) {
   EXPECT_EQ(Slurp(Options::kFileName), old);
 }
 
+TEST(OptionsFile, ReadOnlyDirectoryRaisesPermissionDeniedAndKeepsTheOldFile) {
+  TempDir dir;
+  App a;
+  AddPlayer(a.sw.opts, "Ann");
+  a.sw.opts.SaveOptions();
+  const std::string old = Slurp(Options::kFileName);
+  AddPlayer(a.sw.opts, "Bob");
+  EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.opts.SaveOptions(); }); }), 70);
+  EXPECT_TRUE(Slurp(Options::kFileName) == old) << "the old file was changed";
+  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
+}
+
 }  // namespace
 }  // namespace sw::test

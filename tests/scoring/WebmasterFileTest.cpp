@@ -154,5 +154,21 @@ TEST(WebmasterFile, WriteFailuresLeaveTheOldFile) {
   }
 }
 
+TEST(WebmasterFile, ReadOnlyDirectoryIsReportedAndKeepsTheOldFile) {
+  TempDir dir;
+  App a;
+  FillTable(a.sw.hs, 4);
+  a.sw.hs.WriteHighScores();
+  const std::string old = Slurp(HighScores::kFileName);
+  FillTable(a.sw.hs, 9);
+  const int rc = InReadOnlyDir([&] {
+    a.sw.hs.WriteHighScores();
+    return a.w.messages.size() == 1 && a.w.messages[0].szTitle == "Error: WriteHighScoresError" ? 0 : 1;
+  });
+  EXPECT_EQ(rc, 0);
+  EXPECT_TRUE(Slurp(HighScores::kFileName) == old) << "the old file was changed";
+  EXPECT_EQ(DirNames(), std::set<std::string>{HighScores::kFileName});
+}
+
 }  // namespace
 }  // namespace sw::test

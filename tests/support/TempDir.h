@@ -2,6 +2,8 @@
 // A fresh, empty directory that is the current directory for as long as the
 // object lives; the game reads and writes its files by bare names.
 #include <signal.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
@@ -61,6 +63,28 @@ inline void WithFileSizeLimit(size_t bytes, const std::function<void()>& f) {
   f();
   ::setrlimit(RLIMIT_FSIZE, &saved);
   ::signal(SIGXFSZ, oldHandler);
+}
+
+// Runs f with the current directory made read-only and returns f's result.
+// Root ignores permissions, so as root f runs in a child process that has
+// given up root (user nobody) and its result comes back as the exit code.
+inline int InReadOnlyDir(const std::function<int()>& f) {
+  ::chmod(".", 0555);
+  int rc = 0;
+  if (::geteuid() != 0) {
+    rc = f();
+  } else {
+    const pid_t pid = ::fork();
+    if (pid == 0) {
+      if (::setgid(65534) != 0 || ::setuid(65534) != 0) ::_exit(99);
+      ::_exit(f());
+    }
+    int status = 0;
+    ::waitpid(pid, &status, 0);
+    rc = WIFEXITED(status) ? WEXITSTATUS(status) : 98;
+  }
+  ::chmod(".", 0755);
+  return rc;
 }
 
 }  // namespace sw::test
