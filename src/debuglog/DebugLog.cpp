@@ -31,20 +31,24 @@ std::string DebugLog::DateTimeText() {
   return buf;
 }
 
+namespace {
+
+// " (label) name=value ..." for the named slots, in slot order; nothing when every slot is free.
+std::string Slots(const char* label, const std::array<std::string, 3>& names, const std::array<Value, 3>& values) {
+  std::string text;
+  for (size_t i = 0; i < names.size(); ++i)
+    if (!names[i].empty()) text += " " + names[i] + "=" + values[i].Text();
+  return text.empty() ? text : std::string(" (") + label + ")" + text;
+}
+
+}  // namespace
+
 std::string DebugLog::TraceLines(const TraceRecord& rec) {
   std::string line = "{{ " + rec.szProc + " }}";
   if (rec.bBegin) line += " [BEGIN]";
-  if (!rec.szInName[0].empty() || !rec.szInName[1].empty() || !rec.szInName[2].empty()) {
-    line += " (input)";
-    for (size_t i = 0; i < 3; ++i)
-      if (!rec.szInName[i].empty()) line += " " + rec.szInName[i] + "=" + rec.vInValue[i].Text();
-  }
+  line += Slots("input", rec.szInName, rec.vInValue);
   if (!rec.szReturnName.empty()) line += " (return) " + rec.szReturnName + "=" + rec.vReturnValue.Text();
-  if (!rec.szVarName[0].empty() || !rec.szVarName[1].empty() || !rec.szVarName[2].empty()) {
-    line += " (variables)";
-    for (size_t i = 0; i < 3; ++i)
-      if (!rec.szVarName[i].empty()) line += " " + rec.szVarName[i] + "=" + rec.vVarValue[i].Text();
-  }
+  line += Slots("variables", rec.szVarName, rec.vVarValue);
   line += "\r\n";
   if (!rec.szComment.empty()) line += "     --> " + rec.szComment + "\r\n";
   return line;

@@ -42,23 +42,12 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
   try {
     gbLinkOn = 0;
     CoordPair ctTarget = gctPlayerPos;
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "frmMain.Form_KeyPress";
-      rec.szInName[0] = "KeyAscii";
-      rec.vInValue[0] = KeyText(KeyAscii);
-      dbg.DebugWrite(rec);
-    }
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").In("KeyAscii", KeyText(KeyAscii)));
 
     const ControlProfile cp = opts.CurrentKeys();
     const int nCommand = CommandOf(cp, KeyAscii);
     if (nCommand == kNone) {
-      if (dbg.On()) {
-        TraceRecord rec;
-        rec.szProc = "frmMain.Form_KeyPress";
-        rec.szComment = "Invalid key pressed";
-        dbg.DebugWrite(rec);
-      }
+      if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").Note("Invalid key pressed"));
       return;
     }
 
@@ -97,14 +86,11 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
     }
 
     if (bFinished && dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "frmMain.Form_KeyPress";
-      rec.szVarName = {"gbEndSite", "gnMoveCount", "gbScoreNoLinkSite"};
-      rec.vVarValue[0] = gbEndSite;
-      rec.vVarValue[1] = gnMoveCount;
-      rec.vVarValue[2] = gbScoreNoLinkSite;
-      rec.szComment = "gnPlayerDir=" + NumText(int64_t{gnPlayerDir});
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("frmMain.Form_KeyPress")
+                         .Var("gbEndSite", gbEndSite)
+                         .Var("gnMoveCount", gnMoveCount)
+                         .Var("gbScoreNoLinkSite", gbScoreNoLinkSite)
+                         .Note("gnPlayerDir=" + NumText(int64_t{gnPlayerDir})));
     }
   } catch (const RuntimeError& err) {
     shell.ReportError("frmMain.Form_KeyPress", err);
@@ -138,13 +124,7 @@ bool Game::LinkCommand() {
       gbLinkOn = 0;
       return false;
     }
-    if (barColor == color::Blue) {
-      gnLag = Add16(gnLag, 4);
-    } else if (barColor == color::Yellow) {
-      gnLag = Add16(gnLag, 5);
-    } else if (barColor == color::Red) {
-      gnLag = Add16(gnLag, 6);
-    }
+    gnLag = Add16(gnLag, LinkCost(barColor));
     gnLag = Add16(gnLag, 1);
     LagDown();
   }
@@ -180,17 +160,11 @@ int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
   }
 
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "MovePlayer";
-    rec.szInName[0] = "ctPlayer";
-    rec.vInValue[0] = ctPlayer.Text();
-    rec.szReturnName = "sucessful";
-    rec.vReturnValue = bSuccessful;
+    TraceRecord rec = Trace("MovePlayer").In("ctPlayer", ctPlayer.Text()).Ret("sucessful", bSuccessful);
     if (nCause != 0) {
-      rec.szVarName[0] = "nCause";
-      rec.vVarValue[0] = nCause;
-      rec.szComment = (nCause == kWalkedOntoInfected || nCause == kLinkedOntoInfected) ? "infected underfoot"
-                                                                                       : "virus underfoot";
+      rec.Var("nCause", nCause)
+          .Note((nCause == kWalkedOntoInfected || nCause == kLinkedOntoInfected) ? "infected underfoot"
+                                                                                 : "virus underfoot");
     }
     dbg.DebugWrite(rec);
   }
@@ -201,13 +175,7 @@ int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
 
 void Game::PlacePlayer() {
   gnPlayerDir = 5;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "PlacePlayer";
-    rec.szVarName[0] = "gctPlayerPos(original)";
-    rec.vVarValue[0] = gctPlayerPos.Text();
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(original)", gctPlayerPos.Text()));
 
   const CoordPair ctOld = gctPlayerPos;
   // The link rule needs a cell to keep away from; a mouse that is nowhere has none.
@@ -219,14 +187,8 @@ void Game::PlacePlayer() {
     if (MovePlayer(ct)) break;
   }
 
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "PlacePlayer";
-    rec.szVarName = {"gctPlayerPos(new)", "gnPlayerDir", ""};
-    rec.vVarValue[0] = gctPlayerPos.Text();
-    rec.vVarValue[1] = gnPlayerDir;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(new)", gctPlayerPos.Text()).Var("gnPlayerDir", gnPlayerDir));
 }
 
 }  // namespace sw

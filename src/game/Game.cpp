@@ -11,6 +11,17 @@ namespace sw {
 
 std::string CoordPair::Text() const { return NumText(int64_t{nCol}) + "," + NumText(int64_t{nRow}); }
 
+namespace {
+
+// The lowest index (1 to nCount) of the list whose cell is ctPos, passing over nSkip; 0 for none.
+int16_t FindCell(const std::vector<CoordPair>& list, int16_t nCount, const CoordPair& ctPos, int16_t nSkip) {
+  for (int16_t n = 1; n <= nCount; ++n)
+    if (n != nSkip && list[static_cast<size_t>(n)] == ctPos) return n;
+  return 0;
+}
+
+}  // namespace
+
 Game::Game(Skitterweb& sw)
     : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), score(sw.score), hs(sw.hs), rnd(sw.rnd), frmMain(sw.frmMain) {}
 
@@ -28,45 +39,19 @@ CoordPair Game::RandomCell() {
 
 int16_t Game::SamePos(const CoordPair& a, const CoordPair& b) {
   const int16_t same = (a.nCol == b.nCol && a.nRow == b.nRow) ? -1 : 0;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "SamePos";
-    rec.szInName = {"a", "b", ""};
-    rec.vInValue[0] = a.Text();
-    rec.vInValue[1] = b.Text();
-    rec.szReturnName = "SamePos";
-    rec.vReturnValue = same;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("SamePos").In("a", a.Text()).In("b", b.Text()).Ret("SamePos", same));
   return same;
 }
 
 void Game::SetPos(CoordPair& ct, int16_t nCol, int16_t nRow) {
   ct.nCol = nCol;
   ct.nRow = nRow;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "SetPos";
-    rec.szInName = {"nCol", "nRow", ""};
-    rec.vInValue[0] = nCol;
-    rec.vInValue[1] = nRow;
-    rec.szVarName[0] = "ct";
-    rec.vVarValue[0] = ct.Text();
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("SetPos").In("nCol", nCol).In("nRow", nRow).Var("ct", ct.Text()));
 }
 
 int16_t Game::IsOnMap(const CoordPair& ct) {
   const int16_t on = (ct.nCol >= 0 && ct.nCol < gnMapCols && ct.nRow >= 0 && ct.nRow < gnMapRows) ? -1 : 0;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "IsOnMap";
-    rec.szInName[0] = "ct";
-    rec.vInValue[0] = ct.Text();
-    rec.szReturnName = "IsOnMap";
-    rec.vReturnValue = on;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("IsOnMap").In("ct", ct.Text()).Ret("IsOnMap", on));
   return on;
 }
 
@@ -86,74 +71,31 @@ void Game::MoveNumDir(CoordPair& ctPos, int16_t nDir) {
   }
   ctPos.nCol = static_cast<int16_t>(ctPos.nCol + dc);
   ctPos.nRow = static_cast<int16_t>(ctPos.nRow + dr);
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "MoveNumDir";
-    rec.szInName = {"ctPos", "nDir", ""};
-    rec.vInValue[0] = original.Text();
-    rec.vInValue[1] = nDir;
-    rec.szVarName[0] = "ctPos";
-    rec.vVarValue[0] = ctPos.Text();
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace("MoveNumDir").In("ctPos", original.Text()).In("nDir", nDir).Var("ctPos", ctPos.Text()));
 }
 
 int16_t Game::CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus) {
-  for (int16_t n = 1; n <= gnVirusLive; ++n) {
-    const CoordPair& v = gctVirusPos[static_cast<size_t>(n)];
-    if (n != nSkipVirus && v.nCol == ctPos.nCol && v.nRow == ctPos.nRow) {
-      if (dbg.On()) {
-        TraceRecord rec;
-        rec.szProc = "CheckVirus";
-        rec.szInName = {"ctPos", "nSkipVirus", ""};
-        rec.vInValue[0] = ctPos.Text();
-        rec.vInValue[1] = nSkipVirus;
-        rec.szVarName[0] = "gctVirusPos - index";
-        rec.vVarValue[0] = n;
-        dbg.DebugWrite(rec);
-      }
-      return n;
-    }
+  const int16_t n = FindCell(gctVirusPos, gnVirusLive, ctPos, nSkipVirus);
+  if (n != 0 && dbg.On()) {
+    dbg.DebugWrite(
+        Trace("CheckVirus").In("ctPos", ctPos.Text()).In("nSkipVirus", nSkipVirus).Var("gctVirusPos - index", n));
   }
-  return 0;
+  return n;
 }
 
 int16_t Game::CheckInfected(const CoordPair& ctPos) {
-  for (int16_t n = 1; n <= gnInfectedCount; ++n) {
-    const CoordPair& c = gctInfectedPos[static_cast<size_t>(n)];
-    if (c.nCol == ctPos.nCol && c.nRow == ctPos.nRow) {
-      if (dbg.On()) {
-        TraceRecord rec;
-        rec.szProc = "CheckInfected";
-        rec.szInName[0] = "ctPos";
-        rec.vInValue[0] = ctPos.Text();
-        rec.szVarName[0] = "gctInfectedPos - index";
-        rec.vVarValue[0] = n;
-        dbg.DebugWrite(rec);
-      }
-      return n;
-    }
-  }
-  return 0;
+  const int16_t n = FindCell(gctInfectedPos, gnInfectedCount, ctPos, 0);
+  if (n != 0 && dbg.On())
+    dbg.DebugWrite(Trace("CheckInfected").In("ctPos", ctPos.Text()).Var("gctInfectedPos - index", n));
+  return n;
 }
 
 int16_t Game::CheckDownServers(const CoordPair& ctPos) {
-  for (int16_t n = 1; n <= gnDownServerCount; ++n) {
-    const CoordPair& c = gctDownServerPos[static_cast<size_t>(n)];
-    if (c.nCol == ctPos.nCol && c.nRow == ctPos.nRow) {
-      if (dbg.On()) {
-        TraceRecord rec;
-        rec.szProc = "CheckDownServers";
-        rec.szInName[0] = "ctPos";
-        rec.vInValue[0] = ctPos.Text();
-        rec.szVarName[0] = "gctDownServerPos - index";
-        rec.vVarValue[0] = n;
-        dbg.DebugWrite(rec);
-      }
-      return n;
-    }
-  }
-  return 0;
+  const int16_t n = FindCell(gctDownServerPos, gnDownServerCount, ctPos, 0);
+  if (n != 0 && dbg.On())
+    dbg.DebugWrite(Trace("CheckDownServers").In("ctPos", ctPos.Text()).Var("gctDownServerPos - index", n));
+  return n;
 }
 
 int16_t Game::CanVirusEnter(const CoordPair& ctPos, int16_t nVirus) {
@@ -164,16 +106,8 @@ int16_t Game::CanVirusEnter(const CoordPair& ctPos, int16_t nVirus) {
     // A new virus may not stand on another one, nor on the mouse.
     if (CheckVirus(ctPos, 0) != 0 || (ctPos == gctPlayerPos)) ok = 0;
   }
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "CanVirusEnter";
-    rec.szInName = {"ctPos", "nVirus", ""};
-    rec.vInValue[0] = ctPos.Text();
-    rec.vInValue[1] = nVirus;
-    rec.szReturnName = "CanVirusEnter";
-    rec.vReturnValue = ok;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace("CanVirusEnter").In("ctPos", ctPos.Text()).In("nVirus", nVirus).Ret("CanVirusEnter", ok));
   return ok;
 }
 
@@ -185,24 +119,12 @@ void Game::DrawCell(const CoordPair& ct, Picture pic) {
 
 void Game::DrawViruses() {
   for (int16_t i = 1; i <= gnVirusLive; ++i) DrawCell(gctVirusPos[static_cast<size_t>(i)], Picture::Virus);
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "DrawViruses";
-    rec.szVarName[0] = "gnVirusLive";
-    rec.vVarValue[0] = gnVirusLive;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("DrawViruses").Var("gnVirusLive", gnVirusLive));
 }
 
 void Game::ClearViruses() {
   for (int16_t i = 1; i <= gnVirusLive; ++i) DrawCell(gctVirusPos[static_cast<size_t>(i)], Picture::None);
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "ClearViruses";
-    rec.szVarName[0] = "gnVirusLive";
-    rec.vVarValue[0] = gnVirusLive;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("ClearViruses").Var("gnVirusLive", gnVirusLive));
 }
 
 }  // namespace sw

@@ -124,6 +124,8 @@ class Game {
   // early (no exit trace).
   bool MoveCommand(int16_t nDir, CoordPair& ctTarget);
   bool LinkCommand();
+  // What a link adds to the lag in the tier the bar shows (before the step every link costs).
+  static int16_t LinkCost(uint32_t barColor);
 
   Options& opts;
   DebugLog& dbg;

@@ -18,8 +18,7 @@ void Game::StartGame() {
     gnSitesHit = opts.Current().nStartSite;
     frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{gnSitesHit}));
 
-    const int16_t nDiff = Diff();
-    if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
+    const int16_t nDiff = opts.CheckedDiff();
     score.glScore = 0;
     frmMain.SetCaption(Label::lblScore, FormatThousands(0));
     score.glNextExtraLife = score.glExtraLifeBonus[static_cast<size_t>(nDiff)];
@@ -33,14 +32,12 @@ void Game::StartGame() {
     if (bSeedFromTimer) rnd.RandomizeTimer();
 
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "StartGame";
-      rec.szVarName = {"gbGameOn", "gnSitesHit", "gnReconnects"};
-      rec.vVarValue[0] = gbGameOn;
-      rec.vVarValue[1] = gnSitesHit;
-      rec.vVarValue[2] = gnReconnects;
-      rec.szComment = "score is also reset to 0.  gnGameNum=" + NumText(int64_t{gnGameNum});
-      dbg.DebugWrite(rec, true);
+      dbg.DebugWrite(Trace("StartGame")
+                         .Var("gbGameOn", gbGameOn)
+                         .Var("gnSitesHit", gnSitesHit)
+                         .Var("gnReconnects", gnReconnects)
+                         .Note("score is also reset to 0.  gnGameNum=" + NumText(int64_t{gnGameNum})),
+                     true);
     }
 
     BuildMap();
@@ -51,14 +48,7 @@ void Game::StartGame() {
 }
 
 void Game::BuildMap() {
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "BuildMap";
-    rec.szVarName = {"gnMapCols", "gnMapRows", ""};
-    rec.vVarValue[0] = gnMapCols;
-    rec.vVarValue[1] = gnMapRows;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("BuildMap").Var("gnMapCols", gnMapCols).Var("gnMapRows", gnMapRows));
   frmMain.SetSize();
   frmMain.SetGrid();
   InitMap();
@@ -66,11 +56,7 @@ void Game::BuildMap() {
 }
 
 void Game::InitMap() {
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "InitMap";
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("InitMap"));
   gbWaitOn = 0;
   ResetObjects();
   // (No down servers are placed in this version.)
@@ -85,13 +71,10 @@ void Game::InitMap() {
   gbEndSite = -1;
 
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "InitMap";
-    rec.szVarName = {"gbWaitOn", "gbEndSite", ""};
-    rec.vVarValue[0] = gbWaitOn;
-    rec.vVarValue[1] = gbEndSite;
-    rec.szComment = "reset scoring bonus variables (gnMoveCount, gbScoreNoLinkSite, & gbScoreMinLag)";
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace("InitMap")
+                       .Var("gbWaitOn", gbWaitOn)
+                       .Var("gbEndSite", gbEndSite)
+                       .Note("reset scoring bonus variables (gnMoveCount, gbScoreNoLinkSite, & gbScoreMinLag)"));
   }
 }
 
@@ -118,13 +101,10 @@ void Game::ResetObjects() {
   }
 
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "ResetObjects";
-    rec.szVarName = {"gctPlayerPos", "gnLag & gnColorLag", ""};
-    rec.vVarValue[0] = gctPlayerPos.Text();
-    rec.vVarValue[1] = NumText(int64_t{gnLag}) + "/Blue";
-    rec.szComment = "0 = gnVirusLive = gnInfectedCount";
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace("ResetObjects")
+                       .Var("gctPlayerPos", gctPlayerPos.Text())
+                       .Var("gnLag & gnColorLag", NumText(int64_t{gnLag}) + "/Blue")
+                       .Note("0 = gnVirusLive = gnInfectedCount"));
   }
 }
 

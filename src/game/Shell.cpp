@@ -18,28 +18,14 @@ void Shell::SleepTurn(int32_t ms) {
   frmMain.SetPointer(Pointer::Custom);
   frmMain.DoEvents();
   gbSleepOn = 0;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "SleepTurn";
-    rec.szInName[0] = "nMilliseconds";
-    rec.vInValue[0] = ms;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("SleepTurn").In("nMilliseconds", ms));
 }
 
 void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle,
                     const std::string& szSound) {
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "ShowMsg";
-    rec.szInName[0] = "szTitle";
-    rec.vInValue[0] = szTitle;
-    rec.szInName[1] = "nButtons";
-    rec.vInValue[1] = nButtons;
-    if (!szSound.empty()) {
-      rec.szInName[2] = "szSound";
-      rec.vInValue[2] = szSound;
-    }
+    TraceRecord rec = Trace("ShowMsg").In("szTitle", szTitle).In("nButtons", nButtons);
+    if (!szSound.empty()) rec.In("szSound", szSound);
     dbg.DebugWrite(rec);
   }
   if (!szSound.empty()) PlaySound(szSound);
@@ -50,13 +36,7 @@ void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string
 
 void Shell::PlaySound(const std::string& szFileName) {
   if (!opts.Current().bSound) return;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "PlaySound";
-    rec.szInName[0] = "szFileName";
-    rec.vInValue[0] = szFileName;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("PlaySound").In("szFileName", szFileName));
   frmMain.SoundCommand("Stop");
   frmMain.SoundCommand("Close");
   frmMain.SetSoundFileName(std::string(kSoundFolder) + szFileName);
@@ -67,14 +47,10 @@ void Shell::PlaySound(const std::string& szFileName) {
 
 void Shell::ReportError(const std::string& szProc, const RuntimeError& err) {
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = szProc;
-    rec.szVarName[0] = "Err.Number";
-    rec.vVarValue[0] = err.Number();
-    rec.szVarName[1] = "Err.Description";
-    rec.vVarValue[1] = err.Description();
-    rec.szComment = "Run-time error trapped";
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace(szProc)
+                       .Var("Err.Number", err.Number())
+                       .Var("Err.Description", err.Description())
+                       .Note("Run-time error trapped"));
   }
   ShowMsg("Run-time error '" + NumText(int64_t{err.Number()}) + "':" + "\n" + err.Description(), 0,
           "Error: " + szProc, "powerup2.mp3");

@@ -38,14 +38,8 @@ void Game::PlayerDead(int16_t nCause) {
     gnReconnects = Sub16(gnReconnects, 1);
 
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "PlayerDead";
-      rec.szInName[0] = "nCause";
-      rec.vInValue[0] = nCause;
-      rec.szVarName = {"gbEndSite", "gnReconnects", ""};
-      rec.vVarValue[0] = gbEndSite;
-      rec.vVarValue[1] = gnReconnects;
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(
+          Trace("PlayerDead").In("nCause", nCause).Var("gbEndSite", gbEndSite).Var("gnReconnects", gnReconnects));
     }
 
     if (gnReconnects >= 0) {
@@ -64,10 +58,8 @@ void Game::PlayerDead(int16_t nCause) {
     gbGameOn = 0;
     gbWaitOn = 0;
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "PlayerDead";
-      rec.szComment = "game over: gbGameOn=" + NumText(int64_t{gbGameOn}) + " gbWaitOn=" + NumText(int64_t{gbWaitOn});
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("PlayerDead").Note("game over: gbGameOn=" + NumText(int64_t{gbGameOn}) +
+                                              " gbWaitOn=" + NumText(int64_t{gbWaitOn})));
     }
     shell.ShowMsg("Would you like to play another game?", 4, "Play again?", "comp-new game.mp3");
     if (shell.gnMsgReturn == 6) StartGame();
@@ -87,13 +79,7 @@ void Game::NewSite() {
     gnSitesHit = Add16(gnSitesHit, 1);
     // Score news (extra reconnects) comes before the site message.
     score.WriteScoreMesg();
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "NewSite";
-      rec.szVarName[0] = "gnSitesHit";
-      rec.vVarValue[0] = gnSitesHit;
-      dbg.DebugWrite(rec);
-    }
+    if (dbg.On()) dbg.DebugWrite(Trace("NewSite").Var("gnSitesHit", gnSitesHit));
     frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{gnSitesHit}));
     shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " + NumText(int64_t{gnSitesHit}) +
                       "!" + "\n" + "Get ready for your next web search!",

@@ -31,25 +31,13 @@ void Game::PlaceVirus() {
       list += NumText(int64_t{i}) + ":" + gctVirusPos[static_cast<size_t>(i)].Text();
     }
     list += " }";
-    TraceRecord rec;
-    rec.szProc = "PlaceVirus";
-    rec.szVarName = {"gnVirusMax", "gctVirusPos", ""};
-    rec.vVarValue[0] = gnVirusMax;
-    rec.vVarValue[1] = list;
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace("PlaceVirus").Var("gnVirusMax", gnVirusMax).Var("gctVirusPos", list));
   }
 }
 
 void Game::VirusTurn() {
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "VirusTurn";
-    rec.szVarName = {"gbEndSite", "gbWaitOn", "gbLinkOn"};
-    rec.vVarValue[0] = gbEndSite;
-    rec.vVarValue[1] = gbWaitOn;
-    rec.vVarValue[2] = gbLinkOn;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace("VirusTurn").Var("gbEndSite", gbEndSite).Var("gbWaitOn", gbWaitOn).Var("gbLinkOn", gbLinkOn));
   if (!gbEndSite) VirusPhase();
   // Nightmare: the viruses move twice for each command, but not after a link.
   if (Diff() == 4 && !gbEndSite && !gbLinkOn) {
@@ -75,13 +63,10 @@ void Game::VirusPhase() {
   const int16_t n = CheckVirus(gctPlayerPos, 0);
   DrawViruses();
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "VirusPhase";
-    rec.szVarName = {"gnVirusLive", "gnInfectedCount", "gctVirusPos - index"};
-    rec.vVarValue[0] = gnVirusLive;
-    rec.vVarValue[1] = gnInfectedCount;
-    rec.vVarValue[2] = n;
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace("VirusPhase")
+                       .Var("gnVirusLive", gnVirusLive)
+                       .Var("gnInfectedCount", gnInfectedCount)
+                       .Var("gctVirusPos - index", n));
   }
   if (n != 0) {
     PlayerDead(gbWaitOn ? kSleepingMouse : kVirusReachedMouse);
@@ -112,14 +97,8 @@ void Game::MoveVirus() {
     MoveNumDir(ct, nDir);
     if (CanVirusEnter(ct, 0)) gctVirusPos[static_cast<size_t>(i)] = ct;
   }
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "MoveVirus";
-    rec.szVarName = {"gnVirusLive", "gctPlayerPos", ""};
-    rec.vVarValue[0] = gnVirusLive;
-    rec.vVarValue[1] = gctPlayerPos.Text();
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace("MoveVirus").Var("gnVirusLive", gnVirusLive).Var("gctPlayerPos", gctPlayerPos.Text()));
 }
 
 void Game::CheckVirusCrash() {
@@ -142,16 +121,13 @@ void Game::CheckVirusCrash() {
     gctInfectedPos[static_cast<size_t>(gnInfectedCount)] = ct;
     DrawCell(ct, Picture::Infected);
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "CheckVirusCrash";
-      rec.bBegin = bFirst;
-      rec.szVarName = {"bCrash (virus indexes)", "gnInfectedCount",
-                       "gnInfectedPos(" + NumText(int64_t{gnInfectedCount}) + ")"};
-      rec.vVarValue[0] = "-1 (" + NumText(int64_t{i}) + " & " + NumText(int64_t{j}) + ")";
-      rec.vVarValue[1] = gnInfectedCount;
-      rec.vVarValue[2] = ct.Text();
-      rec.szComment = "Start flag is being used to mark multiple crashes in same function call";
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("CheckVirusCrash")
+                         .Begin(bFirst)
+                         .Var("bCrash (virus indexes)",
+                              "-1 (" + NumText(int64_t{i}) + " & " + NumText(int64_t{j}) + ")")
+                         .Var("gnInfectedCount", gnInfectedCount)
+                         .Var("gnInfectedPos(" + NumText(int64_t{gnInfectedCount}) + ")", ct.Text())
+                         .Note("Start flag is being used to mark multiple crashes in same function call"));
     }
     bFirst = false;
     // j lies above i, so removing it first leaves virus i where it is.
@@ -170,14 +146,11 @@ void Game::CheckVirusInfected() {
       continue;
     }
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "CheckVirusInfected";
-      rec.bBegin = bFirst;
-      rec.szVarName = {"nInfected", "virus index", ""};
-      rec.vVarValue[0] = n;
-      rec.vVarValue[1] = i;
-      rec.szComment = "Start flag is being used to mark multiple infected crashes in same function call";
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("CheckVirusInfected")
+                         .Begin(bFirst)
+                         .Var("nInfected", n)
+                         .Var("virus index", i)
+                         .Note("Start flag is being used to mark multiple infected crashes in same function call"));
     }
     bFirst = false;
     KillVirus(i, 1);
@@ -191,16 +164,8 @@ void Game::KillVirus(int16_t nVirus, int16_t nEvent) {
     gnVirusLive = Sub16(gnVirusLive, 1);
     gctVirusPos.resize(static_cast<size_t>(gnVirusLive) + 1);
     frmMain.SetCaption(Label::lblVirus, NumText(int64_t{gnVirusLive}));
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "KillVirus";
-      rec.szInName = {"nVirus", "nEvent", ""};
-      rec.vInValue[0] = nVirus;
-      rec.vInValue[1] = nEvent;
-      rec.szVarName[0] = "gnVirusLive";
-      rec.vVarValue[0] = gnVirusLive;
-      dbg.DebugWrite(rec);
-    }
+    if (dbg.On())
+      dbg.DebugWrite(Trace("KillVirus").In("nVirus", nVirus).In("nEvent", nEvent).Var("gnVirusLive", gnVirusLive));
     score.AddPoints(nEvent);
   } catch (const RuntimeError& err) {
     shell.ReportError("KillVirus", err);

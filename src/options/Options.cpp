@@ -62,6 +62,12 @@ bool Options::DebugOn() const {
   }
 }
 
+int16_t Options::CheckedDiff() const {
+  const int16_t nDiff = Current().nDiff;
+  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
+  return nDiff;
+}
+
 const ControlProfile& Options::CurrentKeys() const {
   const OptionProfile& op = Current();
   if (op.nProfile < 0 || static_cast<size_t>(op.nProfile) >= op.cpProfile.size()) throw RuntimeError(errSubscript);

@@ -78,6 +78,9 @@ class Options {
   const OptionProfile& Current() const;
   // True when the current record exists and its debug flag is set; never raises.
   bool DebugOn() const;
+  // The current difficulty as an index into the per-difficulty tables:
+  // "Subscript out of range" (9) outside 1 to 4.
+  int16_t CheckedDiff() const;
   // The key map in use: gopOpts(gnOpt).cpProfile(gopOpts(gnOpt).nProfile).
   const ControlProfile& CurrentKeys() const;
 

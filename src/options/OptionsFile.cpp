@@ -1,8 +1,5 @@
 // The options file "sw.opt": key/value write-list lines; records and their
 // saved control profiles are recognised by marker keys, not by nesting.
-#include <sys/stat.h>
-
-#include <cerrno>
 #include <new>
 
 #include "debuglog/DebugLog.h"
@@ -18,17 +15,6 @@
 namespace sw {
 
 namespace {
-
-// A real options file is a few kilobytes per player; a file this big is not one.
-constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
-
-std::string ReadOptionsFile(const std::string& name) {
-  struct stat st {};
-  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
-  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
-  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
-  return ReadWholeFile(name);
-}
 
 // The seventeen key fields in the order the file lists them (alphabetical).
 const CommandField kFileKeyOrder[17] = {
@@ -91,7 +77,7 @@ void Options::LoadOptions() {
   };
 
   try {
-    ListReader in(ReadOptionsFile(kFileName));
+    ListReader in(ReadDataFile(kFileName));
     int64_t nRec = 0;  // R: the current record
     int16_t nCP = 0;   // P: the current control profile; not reset when R changes
 
@@ -164,13 +150,7 @@ void Options::LoadOptions() {
       frmMain.SetMenuChecked(Menu::menUseDL, true);
       frmMain.SetMenuEnabled(Menu::menClearDL, true);
       frmMain.SetMenuEnabled(Menu::menMarkDL, true);
-      TraceRecord rec;
-      rec.szProc = "LoadOptions";
-      rec.szVarName[0] = "gnOpt";
-      rec.vVarValue[0] = gnOpt;
-      rec.szVarName[1] = "gnOptMax";
-      rec.vVarValue[1] = gnOptMax;
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("LoadOptions").Var("gnOpt", gnOpt).Var("gnOptMax", gnOptMax));
     }
   } catch (const RuntimeError& err) {
     recover(err);
@@ -211,13 +191,8 @@ std::string Options::OptionsText() const {
 
 void Options::SaveOptions() {
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "SaveOptions";
-    rec.szVarName[0] = "gnOpt";
-    rec.vVarValue[0] = gnOpt;
-    rec.szVarName[1] = "UBound(gopOpts)";
-    rec.vVarValue[1] = static_cast<int64_t>(gopOpts.size()) - 1;
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(
+        Trace("SaveOptions").Var("gnOpt", gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(gopOpts.size()) - 1));
   }
   WriteFileAtomic(kFileName, OptionsText());
 }

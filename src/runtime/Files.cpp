@@ -53,6 +53,16 @@ std::string ReadWholeFile(const std::string& name) {
   return out;
 }
 
+std::string ReadDataFile(const std::string& name) {
+  // A real options or webmaster file is a few kilobytes; anything this big is not one.
+  constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
+  struct stat st {};
+  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
+  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
+  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
+  return ReadWholeFile(name);
+}
+
 void WriteFileAtomic(const std::string& name, const std::string& bytes) {
   if (name.empty()) throw RuntimeError(errBadFileName);
   const std::string tmp = name + ".new";

@@ -7,6 +7,10 @@ namespace sw {
 
 // The whole file as bytes ("Open ... For Binary", read its length).
 std::string ReadWholeFile(const std::string& name);
+// The whole of one of the game's own data files (options, webmaster lists): a
+// name that is not a regular file raises 75, and a file too big to be one
+// (over 16 MiB) raises 7 ("Out of memory") without being read.
+std::string ReadDataFile(const std::string& name);
 // Replaces the file with the bytes, crash-safe: the bytes go to a temporary
 // beside it, are flushed to disk, then renamed over the old file, so the old
 // file stays whole until the new one is complete.

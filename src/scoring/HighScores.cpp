@@ -3,7 +3,6 @@
 #include "scoring/HighScores.h"
 
 #include "game/Skitterweb.h"
-#include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
@@ -34,12 +33,6 @@ void InsertAt(WebmasterEntry (&list)[11], int16_t nSlot, int32_t lScore, int16_t
   list[nSlot] = WebmasterEntry{lScore, nSites, ""};
 }
 
-int16_t CheckedDiff(const Options& opts) {
-  const int16_t nDiff = opts.Current().nDiff;
-  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
-  return nDiff;
-}
-
 }  // namespace
 
 void HighScores::CheckHighScore() {
@@ -48,7 +41,7 @@ void HighScores::CheckHighScore() {
   try {
     gnGlobalSlot = 0;
     gnPersonalSlot = 0;
-    const int16_t nDiff = CheckedDiff(opts);
+    const int16_t nDiff = opts.CheckedDiff();
     if (score.glScore != 0) {
       gnGlobalSlot = SlotEarned(gwHighScores[kAllTime][nDiff], score.glScore, game.gnSitesHit);
       gnPersonalSlot = SlotEarned(gwHighScores[kPersonal][nDiff], score.glScore, game.gnSitesHit);
@@ -56,15 +49,11 @@ void HighScores::CheckHighScore() {
     if (gnGlobalSlot <= 0 && gnPersonalSlot <= 0) return;
 
     if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "CheckHighScore";
-      rec.szInName = {"glScore", "gopOpts(gnOpt).nDiff", ""};
-      rec.vInValue[0] = score.glScore;
-      rec.vInValue[1] = nDiff;
-      rec.szVarName = {"gnGlobalSlot", "gnPersonalSlot", ""};
-      rec.vVarValue[0] = gnGlobalSlot;
-      rec.vVarValue[1] = gnPersonalSlot;
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("CheckHighScore")
+                         .In("glScore", score.glScore)
+                         .In("gopOpts(gnOpt).nDiff", nDiff)
+                         .Var("gnGlobalSlot", gnGlobalSlot)
+                         .Var("gnPersonalSlot", gnPersonalSlot));
     }
     shell.ShowMsg(std::string("Well done!  A new high score!") + "\n" + "You shall be added to the webmaster lists!", 0,
                   "New Webmaster", "comp-webmaster qualify.mp3");
@@ -76,15 +65,9 @@ void HighScores::CheckHighScore() {
 
 void HighScores::AddHighScore() {
   try {
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "AddHighScore";
-      rec.szVarName = {"gnGlobalSlot", "gnPersonalSlot", ""};
-      rec.vVarValue[0] = gnGlobalSlot;
-      rec.vVarValue[1] = gnPersonalSlot;
-      dbg.DebugWrite(rec);
-    }
-    const int16_t nDiff = CheckedDiff(opts);
+    if (dbg.On())
+      dbg.DebugWrite(Trace("AddHighScore").Var("gnGlobalSlot", gnGlobalSlot).Var("gnPersonalSlot", gnPersonalSlot));
+    const int16_t nDiff = opts.CheckedDiff();
     // The names stay empty until the player types one into the webmaster lists.
     if (gnGlobalSlot > 0 && gnGlobalSlot <= 10)
       InsertAt(gwHighScores[kAllTime][nDiff], gnGlobalSlot, score.glScore, game.gnSitesHit);
@@ -96,14 +79,7 @@ void HighScores::AddHighScore() {
 }
 
 void HighScores::ShowHighScores(int16_t nType, int16_t nDiff) {
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "ShowHighScores";
-    rec.szInName = {"nType", "nDiff", ""};
-    rec.vInValue[0] = nType;
-    rec.vInValue[1] = nDiff;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("ShowHighScores").In("nType", nType).In("nDiff", nDiff));
   if (showDialog) showDialog(nType, nDiff);
 }
 

@@ -1,8 +1,5 @@
 // The webmaster lists file "SWhscore.dat": the plain list text, enciphered
 // with the key "tinfoil" and made printable, on one line.
-#include <sys/stat.h>
-
-#include <cerrno>
 #include <new>
 
 #include "debuglog/DebugLog.h"
@@ -20,34 +17,16 @@ namespace sw {
 
 namespace {
 
-// A real webmaster file is under a kilobyte per ten names; anything this big is not one.
-constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
-
-std::string ReadListFile(const std::string& name) {
-  struct stat st {};
-  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
-  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
-  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
-  return ReadWholeFile(name);
-}
-
-// The temporary file is ours alone: it never outlives the procedure that made it.
-void RemoveTemp() {
+// A failure of the file: the temporary file removed (it is ours alone and never
+// outlives the procedure that made it), the failure traced, then shown; the game goes on.
+void FileFailed(DebugLog& dbg, Shell& shell, const std::string& szProc, const RuntimeError& err) {
   try {
     if (FileExists(HighScores::kTempName)) DeleteFile(HighScores::kTempName);
   } catch (const RuntimeError&) {
   }
-}
-
-// A failure of the file: traced, then shown; the game goes on.
-void ReportFileError(DebugLog& dbg, Shell& shell, const std::string& szProc, const RuntimeError& err) {
   const std::string number = NumText(int64_t{err.Number()});
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = szProc;
-    rec.szComment = "Failed to open high score file - Error #" + number + " - " + err.Description();
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On())
+    dbg.DebugWrite(Trace(szProc).Note("Failed to open high score file - Error #" + number + " - " + err.Description()));
   shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), 0,
                 "Error: " + szProc, "powerup2.mp3");
 }
@@ -68,16 +47,10 @@ std::string HighScores::PlainText() const {
 
 void HighScores::LoadHighScores() {
   try {
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "LoadHighScores";
-      rec.szInName[0] = "File Name";
-      rec.vInValue[0] = kFileName;
-      dbg.DebugWrite(rec);
-    }
+    if (dbg.On()) dbg.DebugWrite(Trace("LoadHighScores").In("File Name", kFileName));
 
     Cipher cipher;
-    cipher.Text(ReadListFile(kFileName));
+    cipher.Text(ReadDataFile(kFileName));
     cipher.KeyString(kKey);
     cipher.Shrink();
     cipher.DoXor();
@@ -95,23 +68,15 @@ void HighScores::LoadHighScores() {
         }
     DeleteFile(kTempName);
   } catch (const RuntimeError& err) {
-    RemoveTemp();
-    ReportFileError(dbg, shell, "LoadHighScoresError", err);
+    FileFailed(dbg, shell, "LoadHighScoresError", err);
   } catch (const std::bad_alloc&) {
-    RemoveTemp();
-    ReportFileError(dbg, shell, "LoadHighScoresError", RuntimeError(7));
+    FileFailed(dbg, shell, "LoadHighScoresError", RuntimeError(7));
   }
 }
 
 void HighScores::WriteHighScores() {
   try {
-    if (dbg.On()) {
-      TraceRecord rec;
-      rec.szProc = "WriteHighScores";
-      rec.szInName[0] = "File Name";
-      rec.vInValue[0] = kFileName;
-      dbg.DebugWrite(rec);
-    }
+    if (dbg.On()) dbg.DebugWrite(Trace("WriteHighScores").In("File Name", kFileName));
 
     WriteFile(kTempName, PlainText());
     Cipher cipher;
@@ -124,11 +89,9 @@ void HighScores::WriteHighScores() {
     // One printed line; the old file stays whole until the new one is complete.
     WriteFileAtomic(kFileName, cipher.Text() + "\r\n");
   } catch (const RuntimeError& err) {
-    RemoveTemp();
-    ReportFileError(dbg, shell, "WriteHighScoresError", err);
+    FileFailed(dbg, shell, "WriteHighScoresError", err);
   } catch (const std::bad_alloc&) {
-    RemoveTemp();
-    ReportFileError(dbg, shell, "WriteHighScoresError", RuntimeError(7));
+    FileFailed(dbg, shell, "WriteHighScoresError", RuntimeError(7));
   }
 }
 

@@ -9,12 +9,6 @@ namespace sw {
 
 Score::Score(Skitterweb& sw) : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), game(sw.game), frmMain(sw.frmMain) {}
 
-int16_t Score::Diff() const {
-  const int16_t nDiff = opts.Current().nDiff;
-  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
-  return nDiff;
-}
-
 void Score::InitScore() {
   glScoreMod = {0, 1, 5, 25, 150};
   glExtraLifeBonus = {0, 2000, 10000, 25000, 60000};
@@ -23,32 +17,22 @@ void Score::InitScore() {
   glBasePoints = {0, 3, 20, 1, 2, 25, 45, 5, 1};
   game.gbScoreNoLinkSite = -1;
   game.gnMoveCount = 0;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "InitScore";
-    rec.szVarName[0] = "gnScoreMesgNum";
-    rec.vVarValue[0] = gnScoreMesgNum;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("InitScore").Var("gnScoreMesgNum", gnScoreMesgNum));
   SetPoints();
 }
 
 void Score::SetPoints() {
   try {
-    const int16_t nDiff = Diff();
+    const int16_t nDiff = opts.CheckedDiff();
     for (size_t i = 1; i <= 8; ++i) glPoints[i] = Mul32(glScoreMod[static_cast<size_t>(nDiff)], glBasePoints[i]);
     if (dbg.On()) {
       std::string list = "{ ";
       for (size_t i = 1; i <= 8; ++i) list += NumText(int64_t{glPoints[i]}) + " ";
       list += "}";
-      TraceRecord rec;
-      rec.szProc = "SetPoints";
-      rec.szVarName = {"gopOpts(gnOpt).nDiff", "glScoreMod(gopOpts(gnOpt).nDiff)",
-                       "glPoints(1-" + NumText(int64_t{8}) + ")"};
-      rec.vVarValue[0] = nDiff;
-      rec.vVarValue[1] = glScoreMod[static_cast<size_t>(nDiff)];
-      rec.vVarValue[2] = list;
-      dbg.DebugWrite(rec);
+      dbg.DebugWrite(Trace("SetPoints")
+                         .Var("gopOpts(gnOpt).nDiff", nDiff)
+                         .Var("glScoreMod(gopOpts(gnOpt).nDiff)", glScoreMod[static_cast<size_t>(nDiff)])
+                         .Var("glPoints(1-" + NumText(int64_t{8}) + ")", list));
     }
   } catch (const RuntimeError& err) {
     shell.ReportError("SetPoints", err);
@@ -57,17 +41,9 @@ void Score::SetPoints() {
 
 // No error handler here: an overflow passes to the caller.
 void Score::AddPoints(int16_t nEvent) {
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "AddPoints";
-    rec.szInName[0] = "nEvent";
-    rec.vInValue[0] = nEvent;
-    rec.szVarName[0] = "original glScore";
-    rec.vVarValue[0] = glScore;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("AddPoints").In("nEvent", nEvent).Var("original glScore", glScore));
 
-  const int16_t nDiff = Diff();
+  const int16_t nDiff = opts.CheckedDiff();
   const size_t d = static_cast<size_t>(nDiff);
   const bool bValid = nEvent >= 1 && nEvent <= 8;
   int32_t lBonus = 0;
@@ -154,22 +130,10 @@ void Score::AddPoints(int16_t nEvent) {
   }
 
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "AddPoints";
-    rec.szInName[0] = "nEvent";
-    rec.vInValue[0] = nEvent;
-    size_t v = 0;
-    if (bValid) {
-      rec.szVarName[v] = "lBonus";
-      rec.vVarValue[v++] = lBonus;
-    }
-    if (!szExtraName.empty()) {
-      rec.szVarName[v] = szExtraName;
-      rec.vVarValue[v++] = vExtra;
-    }
-    rec.szVarName[v] = "new glScore";
-    rec.vVarValue[v] = glScore;
-    dbg.DebugWrite(rec);
+    TraceRecord rec = Trace("AddPoints").In("nEvent", nEvent);
+    if (bValid) rec.Var("lBonus", lBonus);
+    if (!szExtraName.empty()) rec.Var(szExtraName, vExtra);
+    dbg.DebugWrite(rec.Var("new glScore", glScore));
   }
 }
 
@@ -183,28 +147,18 @@ void Score::AddScoreMesg(const std::string& szMesg, const std::string& szSound, 
   m.szTitle = szTitle;
   m.szSound = szSound;
   if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "AddScoreMesg";
-    rec.szInName = {"szMesg", "msButtons", "szTitle"};
-    rec.vInValue[0] = szMesg;
-    rec.vInValue[1] = msButtons;
-    rec.vInValue[2] = szTitle;
-    rec.szVarName[0] = "gnScoreMesgNum";
-    rec.vVarValue[0] = gnScoreMesgNum;
-    rec.szComment = "szSound=" + szSound;
-    dbg.DebugWrite(rec);
+    dbg.DebugWrite(Trace("AddScoreMesg")
+                       .In("szMesg", szMesg)
+                       .In("msButtons", msButtons)
+                       .In("szTitle", szTitle)
+                       .Var("gnScoreMesgNum", gnScoreMesgNum)
+                       .Note("szSound=" + szSound));
   }
 }
 
 void Score::WriteScoreMesg() {
   if (gnScoreMesgNum == 0) return;
-  if (dbg.On()) {
-    TraceRecord rec;
-    rec.szProc = "WriteScoreMesg";
-    rec.szVarName[0] = "gnScoreMesgNum";
-    rec.vVarValue[0] = gnScoreMesgNum;
-    dbg.DebugWrite(rec);
-  }
+  if (dbg.On()) dbg.DebugWrite(Trace("WriteScoreMesg").Var("gnScoreMesgNum", gnScoreMesgNum));
   // Take the queue first, so that it is empty whatever the boxes lead to.
   std::vector<ScoreMesg> queue;
   queue.swap(gsmScoreMesg);

@@ -43,9 +43,6 @@ class Score {
   void WriteScoreMesg();
 
  private:
-  // The difficulty of the current options record, 1 to 4 (Subscript out of range otherwise).
-  int16_t Diff() const;
-
   Options& opts;
   DebugLog& dbg;
   Shell& shell;

@@ -32,6 +32,7 @@ using sw::Label;
 using sw::Menu;
 using sw::Picture;
 using sw::Pointer;
+using sw::Trace;
 
 const char* const kDiffNames[5] = {"", "Easy", "Normal", "Hard", "Nightmare"};
 const char* const kDiffWords[5] = {"", "easy", "normal", "hard", "nightmare"};
@@ -50,12 +51,6 @@ QCursor MakeCustomPointer(qreal dpr) {
   }
   pm.setDevicePixelRatio(dpr);
   return QCursor(pm, 0, 0);
-}
-
-sw::TraceRecord Trace(const char* proc) {
-  sw::TraceRecord rec;
-  rec.szProc = proc;
-  return rec;
 }
 
 }  // namespace
@@ -396,14 +391,10 @@ void frmMain::SetSize() {
   ApplyGeometry(lWidth, lInfoWidth);
   heightTw_ = int32_t{sw.game.gnMapRows} * kCellTwips + kInfoBarHeight + kFrameHeight;
   if (sw.dbg.On()) {
-    sw::TraceRecord rec = Trace("SetSize");
-    rec.szVarName[0] = "frmMain.Height";
-    rec.vVarValue[0] = heightTw_;
-    rec.szVarName[1] = "frmMain.Width";
-    rec.vVarValue[1] = widthTw_;
-    rec.szVarName[2] = "frmMain..pctInfoBar.Width";
-    rec.vVarValue[2] = infoBarWidthTw_;
-    sw.dbg.DebugWrite(rec);
+    sw.dbg.DebugWrite(Trace("SetSize")
+                          .Var("frmMain.Height", heightTw_)
+                          .Var("frmMain.Width", widthTw_)
+                          .Var("frmMain..pctInfoBar.Width", infoBarWidthTw_));
   }
 }
 
@@ -422,14 +413,12 @@ void frmMain::SetGrid() {
   }
   grdMap->SetCellSize(tw_.X(nCellSize), tw_.Y(nCellSize));
   if (sw.dbg.On()) {
-    sw::TraceRecord rec = Trace("SetGrid");
-    rec.szVarName[0] = "frmMain.grdMap.Cols/Rows";
-    rec.vVarValue[0] = sw::NumText(int64_t{cols}) + "/" + sw::NumText(int64_t{rows});
-    rec.szVarName[1] = "frmMain.grdMap.Height/Width";
-    rec.vVarValue[1] = sw::NumText(int64_t{gridH}) + "/" + sw::NumText(int64_t{gridW});
-    rec.szVarName[2] = "nCellSize";
-    rec.vVarValue[2] = nCellSize;
-    sw.dbg.DebugWrite(rec);
+    sw.dbg.DebugWrite(Trace("SetGrid")
+                          .Var("frmMain.grdMap.Cols/Rows",
+                               sw::NumText(int64_t{cols}) + "/" + sw::NumText(int64_t{rows}))
+                          .Var("frmMain.grdMap.Height/Width",
+                               sw::NumText(int64_t{gridH}) + "/" + sw::NumText(int64_t{gridW}))
+                          .Var("nCellSize", nCellSize));
   }
 }
 
@@ -440,9 +429,7 @@ void frmMain::Form_Load() {
   sw::Game& game = sw.game;
   game.gbGameInit = -1;
   sw.opts.LoadOptions();
-  if (sw.dbg.On()) {
-    sw.dbg.DebugWrite(Trace("frmMain.Form_Load"));
-  }
+  if (sw.dbg.On()) sw.dbg.DebugWrite(Trace("frmMain.Form_Load"));
   sw.score.InitScore();
   game.gnPlayerDir = 5;
   game.gbGameOn = -1;
@@ -647,12 +634,7 @@ void frmMain::menSound_Click() {
     if (!sw.game.gbGameInit) op.bSound = op.bSound ? 0 : -1;
     menSound->setChecked(op.bSound != 0);
     if (!sw.game.gbGameInit && op.bSound) sw.shell.PlaySound("comp-program start.mp3");
-    if (sw.dbg.On()) {
-      sw::TraceRecord rec = Trace("frmMain.menSound_Click");
-      rec.szVarName[0] = "gopOpts(gnOpt).bSound";
-      rec.vVarValue[0] = op.bSound;
-      sw.dbg.DebugWrite(rec);
-    }
+    if (sw.dbg.On()) sw.dbg.DebugWrite(Trace("frmMain.menSound_Click").Var("gopOpts(gnOpt).bSound", op.bSound));
   } catch (const sw::RuntimeError& e) {
     sw.shell.ReportError("frmMain.menSound_Click", e);
   }
@@ -670,12 +652,7 @@ void frmMain::menGrid_Click() {
     }
     grdMap->setShowGrid(op.bGrid != 0);
     SetGrid();
-    if (sw.dbg.On()) {
-      sw::TraceRecord rec = Trace("frmMain.menGrid_Click");
-      rec.szVarName[0] = "gopOpts(gnOpt).bGrid";
-      rec.vVarValue[0] = op.bGrid;
-      sw.dbg.DebugWrite(rec);
-    }
+    if (sw.dbg.On()) sw.dbg.DebugWrite(Trace("frmMain.menGrid_Click").Var("gopOpts(gnOpt).bGrid", op.bGrid));
   } catch (const sw::RuntimeError& e) {
     sw.shell.ReportError("frmMain.menGrid_Click", e);
   }
@@ -684,12 +661,7 @@ void frmMain::menGrid_Click() {
 void frmMain::menDiffLevel_Click(int16_t Index) {
   if (Refused()) return;
   try {
-    if (sw.dbg.On()) {
-      sw::TraceRecord rec = Trace("frmMain.menDiffLevel_Click");
-      rec.szInName[0] = "Index";
-      rec.vInValue[0] = Index;
-      sw.dbg.DebugWrite(rec);
-    }
+    if (sw.dbg.On()) sw.dbg.DebugWrite(Trace("frmMain.menDiffLevel_Click").In("Index", Index));
     if (Index < 1 || Index > 4) throw sw::RuntimeError(sw::errSubscript);
     sw::OptionProfile& op = sw.opts.Current();
     if (!sw.game.gbGameInit) {
@@ -739,14 +711,8 @@ void frmMain::menStartSiteNum_Click(int16_t Index) {
     for (QAction* a : menStartSiteNum) a->setChecked(false);
     if (Index >= 0 && Index <= 9) menStartSiteNum[Index]->setChecked(true);
     sw.opts.Current().nStartSite = Index;
-    if (sw.dbg.On()) {
-      sw::TraceRecord rec = Trace("frmMain.menStartSiteNum_Click");
-      rec.szInName[0] = "Index";
-      rec.vInValue[0] = Index;
-      rec.szVarName[0] = "bNewGame";
-      rec.vVarValue[0] = bNewGame;
-      sw.dbg.DebugWrite(rec);
-    }
+    if (sw.dbg.On())
+      sw.dbg.DebugWrite(Trace("frmMain.menStartSiteNum_Click").In("Index", Index).Var("bNewGame", bNewGame));
     if (bNewGame) sw.game.StartGame();
   } catch (const sw::RuntimeError& e) {
     sw.shell.ReportError("frmMain.menStartSiteNum_Click", e);

@@ -52,6 +52,25 @@ TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSet) {
   for (const auto& [rec, line] : cases) EXPECT_EQ(DebugLog::TraceLines(rec), line);
 }
 
+
+TEST(TraceLine, BuiltRecordsTakeTheNextFreeSlot) {
+  TraceRecord rec = Trace("frmMain.menQuit_Click")
+                        .In("a", true)
+                        .Ret("r", int32_t{-7})
+                        .Var("gnLag & gnColorLag", "3 1")
+                        .In("c", 2.5)
+                        .Var("b", false)
+                        .Note("note");
+  EXPECT_EQ(DebugLog::TraceLines(rec),
+            "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
+            "b=False\r\n     --> note\r\n");
+  // A slot left free by hand is the next one taken; a fourth name has no slot.
+  TraceRecord holes{.szProc = "P", .szVarName = {"", "second", ""}};
+  holes.Begin().Var("first", int16_t{1}).Var("third", int16_t{3}).Var("fourth", int16_t{4});
+  EXPECT_EQ(holes.szVarName, (std::array<std::string, 3>{"first", "second", "third"}));
+  EXPECT_EQ(DebugLog::TraceLines(holes), "{{ P }} [BEGIN] (variables) first=1 second= third=3\r\n");
+  EXPECT_EQ(DebugLog::TraceLines(Trace("P").Begin(false).In("x", "y")), "{{ P }} (input) x=y\r\n");
+}
 TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   TempDir dir;
   App a;
