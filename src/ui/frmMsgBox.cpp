@@ -112,26 +112,21 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
   switch (nButtons) {
     case 0:
       shown[0] = cmdOK;
-      defaultButton_ = cmdOK;
-      cancelButton_ = cmdOK;
       break;
     case 1:
       shown[0] = cmdOK;
       shown[1] = cmdCancel;
-      defaultButton_ = cmdOK;
-      cancelButton_ = cmdCancel;
       break;
     case 4:
       shown[0] = cmdYes;
       shown[1] = cmdNo;
-      defaultButton_ = cmdYes;
-      cancelButton_ = cmdNo;
       break;
     default:
-      defaultButton_ = nullptr;
-      cancelButton_ = nullptr;
       break;
   }
+  // The first button is the default; the last one shown answers Esc.
+  defaultButton_ = shown[0];
+  cancelButton_ = shown[1] != nullptr ? shown[1] : shown[0];
   for (QPushButton* b : {cmdCancel, cmdNo, cmdYes, cmdOK}) {
     b->setDefault(b == defaultButton_);
     b->setVisible(b == shown[0] || b == shown[1]);

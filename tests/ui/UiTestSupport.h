@@ -1,13 +1,14 @@
 #pragma once
 // Shared pieces of the window tests: a fresh working directory (the game
-// reads and writes its files in the current directory) and a scripted
-// message box that answers instead of waiting for a player.
+// reads and writes its files in the current directory), a scripted message
+// box that answers instead of waiting for a player, and small file helpers.
 #include <QDir>
+#include <QFile>
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
 #include <deque>
-#include <string>
+#include <initializer_list>
 #include <vector>
 
 #include "ui/frmMsgBox.h"
@@ -18,6 +19,16 @@ struct FreshDir {
   QTemporaryDir dir;
   FreshDir() { QDir::setCurrent(dir.path()); }
 };
+
+inline QString ReadFile(const QString& name) {
+  QFile f(name);
+  return f.open(QIODevice::ReadOnly) ? QString::fromLatin1(f.readAll()) : QString();
+}
+
+inline bool WriteFile(const QString& name, const QByteArray& bytes) {
+  QFile f(name);
+  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+}
 
 struct Shown {
   QString title;
@@ -36,17 +47,21 @@ class ScriptedBoxes {
       else if (box.cmdCancel->isVisibleTo(&box)) nButtons = 1;
       else if (box.cmdOK->isVisibleTo(&box)) nButtons = 0;
       shown.push_back({box.windowTitle(), box.lblMesg->text(), nButtons});
-      if (!answers.empty()) {
-        const int16_t a = answers.front();
-        answers.pop_front();
-        return a;
-      }
-      return nButtons == 4 ? 6 : 1;
+      if (answers.empty()) return nButtons == 4 ? 6 : 1;
+      const int16_t a = answers.front();
+      answers.pop_front();
+      return a;
     };
   }
   ~ScriptedBoxes() { swui::frmMsgBox::testAnswer = nullptr; }
   ScriptedBoxes(const ScriptedBoxes&) = delete;
   ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
+
+  // Forgets the boxes shown so far and queues the next answers.
+  void Expect(std::initializer_list<int16_t> next) {
+    shown.clear();
+    answers = next;
+  }
 
   std::vector<Shown> shown;
   std::deque<int16_t> answers;

@@ -1,7 +1,5 @@
 // The sound device: where files are found, and that a missing or broken
 // file plays nothing without harm.
-#include <QDir>
-#include <QFile>
 #include <QTest>
 
 #include "ui/Sound.h"
@@ -16,62 +14,41 @@ class TestSound : public QObject {
   uitest::FreshDir dir_;
 
   static void Play(Sound& s, const std::string& name) {
-    s.Command("Stop");
-    s.Command("Close");
+    for (const char* c : {"Stop", "Close"}) s.Command(c);
     s.SetFileName(std::string(".\\sounds\\") + name);
-    s.Command("Open");
-    s.Command("Play");
+    for (const char* c : {"Open", "Play"}) s.Command(c);
   }
 
  private slots:
   void resolvesBesideTheProgramFirst() {
-    QVERIFY(QDir().mkdir("sounds"));
-    QFile local("sounds/comp-dead.mp3");
-    QVERIFY(local.open(QIODevice::WriteOnly));
-    local.write("x");
-    local.close();
+    QVERIFY(QDir().mkpath("sounds") && uitest::WriteFile("sounds/comp-dead.mp3", "x"));
     QCOMPARE(Sound::Resolve(".\\sounds\\comp-dead.mp3"), std::string("sounds/comp-dead.mp3"));
     // Not in the current directory: the game's own sounds are found elsewhere.
     const std::string other = Sound::Resolve(".\\sounds\\comp-goodbye.mp3");
-    QVERIFY(!other.empty());
-    QVERIFY(QFile::exists(QString::fromStdString(other)));
-    QVERIFY(other.ends_with("/sounds/comp-goodbye.mp3"));
+    QVERIFY(other.ends_with("/sounds/comp-goodbye.mp3") && QFile::exists(QString::fromStdString(other)));
     QCOMPARE(Sound::Resolve(".\\sounds\\no such sound.mp3"), std::string());
-    QVERIFY(QFile::remove("sounds/comp-dead.mp3"));
   }
 
   void missingAndBrokenFilesAreSilent() {
+    QVERIFY(QDir().mkpath("sounds") && uitest::WriteFile("sounds/broken.mp3", "this is not an mp3 file at all"));
     Sound s;
-    Play(s, "no such sound.mp3");
-    QVERIFY(!s.Loaded());
-    QVERIFY(!s.Playing());
-
-    QDir().mkpath("sounds");
-    QFile broken("sounds/broken.mp3");
-    QVERIFY(broken.open(QIODevice::WriteOnly));
-    broken.write("this is not an mp3 file at all");
-    broken.close();
-    Play(s, "broken.mp3");
-    QVERIFY(!s.Loaded());
-    QVERIFY(!s.Playing());
-    s.Command("Rewind");  // unknown commands are ignored
+    for (const char* name : {"no such sound.mp3", "broken.mp3"}) {
+      Play(s, name);
+      QVERIFY2(!s.Loaded() && !s.Playing(), name);
+    }
   }
 
   void aRealSoundLoadsAndANewOneCutsTheLast() {
     Sound s;
     Play(s, "comp-goodbye.mp3");
     if (!s.DeviceOpen()) QSKIP("no audio device, not even the dummy driver");
-    QVERIFY(s.Loaded());
-    QVERIFY(s.Playing());
     Play(s, "ammopu3.mp3");
-    QVERIFY(s.Loaded());
-    QVERIFY(s.Playing());
+    QVERIFY(s.Loaded() && s.Playing());
     s.Command("Stop");
     QVERIFY(!s.Playing());
     s.Command("Close");
-    QVERIFY(!s.Loaded());
     s.Command("Play");  // nothing loaded: nothing happens
-    QVERIFY(!s.Playing());
+    QVERIFY(!s.Loaded() && !s.Playing());
   }
 };
 
