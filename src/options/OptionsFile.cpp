@@ -1,5 +1,9 @@
 // The options file "sw.opt": key/value write-list lines; records and their
 // saved control profiles are recognised by marker keys, not by nesting.
+#include <algorithm>
+#include <array>
+#include <cstring>
+#include <iterator>
 #include <new>
 
 #include "debuglog/DebugLog.h"
@@ -16,26 +20,17 @@ namespace sw {
 
 namespace {
 
-// The seventeen key fields in the order the file lists them (alphabetical).
-const CommandField kFileKeyOrder[17] = {
-    {"CPAntiVirus", &ControlProfile::CPAntiVirus},
-    {"CPBackup", &ControlProfile::CPBackup},
-    {"CPDedLine", &ControlProfile::CPDedLine},
-    {"CPLink", &ControlProfile::CPLink},
-    {"CPMoveDown", &ControlProfile::CPMoveDown},
-    {"CPMoveDownLeft", &ControlProfile::CPMoveDownLeft},
-    {"CPMoveDownRight", &ControlProfile::CPMoveDownRight},
-    {"CPMoveLeft", &ControlProfile::CPMoveLeft},
-    {"CPMoveRight", &ControlProfile::CPMoveRight},
-    {"CPMoveUp", &ControlProfile::CPMoveUp},
-    {"CPMoveUpLeft", &ControlProfile::CPMoveUpLeft},
-    {"CPMoveUpRight", &ControlProfile::CPMoveUpRight},
-    {"CPPause", &ControlProfile::CPPause},
-    {"CPReboot", &ControlProfile::CPReboot},
-    {"CPRestore", &ControlProfile::CPRestore},
-    {"CPSoftUpgrade", &ControlProfile::CPSoftUpgrade},
-    {"CPWait", &ControlProfile::CPWait},
-};
+// The seventeen key fields in the order the file lists them: alphabetical by name.
+const std::array<CommandField, 17>& FileKeyOrder() {
+  static const std::array<CommandField, 17> order = [] {
+    std::array<CommandField, 17> a{};
+    std::copy(std::begin(kCommandFields), std::end(kCommandFields), a.begin());
+    std::sort(a.begin(), a.end(),
+              [](const CommandField& x, const CommandField& y) { return std::strcmp(x.name, y.name) < 0; });
+    return a;
+  }();
+  return order;
+}
 
 // The key field a file key names, or none.
 int16_t ControlProfile::*KeyField(const std::string& key) {
@@ -175,7 +170,7 @@ std::string Options::OptionsText() const {
       const ControlProfile& cp = op.cpProfile[j];
       out += WriteListLine({"ControlProfileBegin", static_cast<int64_t>(j)});
       out += WriteListLine({"CPName", cp.szName});
-      for (const CommandField& f : kFileKeyOrder) out += WriteListLine({f.name, cp.*f.field});
+      for (const CommandField& f : FileKeyOrder()) out += WriteListLine({f.name, cp.*f.field});
     }
     out += WriteListLine({"Debug", op.bDebug});
     out += WriteListLine({"Diff", op.nDiff});

@@ -231,12 +231,17 @@ void frmMain::BuildInfoBar() {
 
   put(lblDiffT, lblDiff, 1, 0, 1500);
   grid->addWidget(lblNetLagT, 1, 2);
-  auto* lag = new QWidget(pctInfoBar);
-  lag->setMouseTracking(true);
-  lag->installEventFilter(this);
-  auto* lagRow = new QHBoxLayout(lag);
-  lagRow->setContentsMargins(0, 0, 0, 0);
-  lagRow->setSpacing(tw_.X(60));
+  // A borderless row of the bar that passes mouse moves on like the bar itself.
+  const auto row = [this](int spacingTwips) {
+    auto* w = new QWidget(pctInfoBar);
+    w->setMouseTracking(true);
+    w->installEventFilter(this);
+    auto* layout = new QHBoxLayout(w);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(tw_.X(spacingTwips));
+    return std::pair{w, layout};
+  };
+  const auto [lag, lagRow] = row(60);
   lblNetLag->setFixedSize(tw_.X(360), valueH);
   pbrNetLag->setFixedHeight(valueH);
   lagRow->addWidget(lblNetLag);
@@ -248,12 +253,7 @@ void frmMain::BuildInfoBar() {
   grid->addWidget(lblPUTimerT, 1, 6, 1, 3);
   grid->addWidget(lblPUTimer, 1, 9);
 
-  auto* pu = new QWidget(pctInfoBar);
-  pu->setMouseTracking(true);
-  pu->installEventFilter(this);
-  auto* puRow = new QHBoxLayout(pu);
-  puRow->setContentsMargins(0, 0, 0, 0);
-  puRow->setSpacing(tw_.X(75));
+  const auto [pu, puRow] = row(75);
   const std::pair<QFrame*, QLabel*> powerUps[] = {{shpAntiVirus, lblAntiVirusT},
                                                    {shpBackup, lblBackupT},
                                                    {shpReboot, lblRebootT},

@@ -82,7 +82,11 @@ TEST(WebmasterTable, PlacesAreEarnedByScoreThenSitesAndEntered) {
                           {1001, 0, 1, 2}, {0, 9, 0, 0},   {650, 7, 5, 5}};
   for (const auto& c : cases) {
     for (int t : {0, 1})
-      for (int i = 1; i <= 10; ++i) hs.Entry(t, 2, i) = {1100 - 100 * i, 5, "p" + std::to_string(i)};
+      for (int i = 1; i <= 10; ++i) {
+        std::string name = "p";
+        name += std::to_string(i);  // "p" + std::to_string(i) trips a false -Wrestrict in GCC 12 at -O3
+        hs.Entry(t, 2, i) = {1100 - 100 * i, 5, name};
+      }
     hs.Entry(HighScores::kPersonal, 2, 1).lScore = 5000;
     b.w.messages.clear();
     b.sc.glScore = c[0];
