@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "game/Skitterweb.h"
+#include "Skitterweb.h"
 #include "support/FakeWindow.h"
 
 namespace {
@@ -24,13 +24,13 @@ struct Engine {
     sw->score.InitScore();
     sw->game.bSeedFromTimer = false;
     sw->rnd.Randomize(42.0);
-    sw->game.StartGame();
+    sw->engine.StartGame();
   }
 
   // Puts the mouse and the viruses where the benchmark wants them: a fresh site.
   void Layout(CoordPair mouse, const std::vector<CoordPair>& viruses) {
-    sw::Game& g = sw->game;
-    g.ResetObjects();
+    sw::GameState& g = sw->game;
+    sw->engine.ResetObjects();
     g.gctPlayerPos = mouse;
     g.gctVirusPos.assign(1, CoordPair{-1, -1});
     g.gctVirusPos.insert(g.gctVirusPos.end(), viruses.begin(), viruses.end());
@@ -66,7 +66,7 @@ void BM_VirusPhase30(benchmark::State& state) {
   for (auto _ : state) {
     e.Layout(CoordPair{12, 7}, viruses);
     e.sw->game.gbEndSite = 0;
-    e.sw->game.VirusPhase();
+    e.sw->engine.VirusPhase();
     benchmark::DoNotOptimize(e.sw->game.gnVirusLive);
   }
 }
@@ -77,7 +77,7 @@ void BM_NightmareMoveTurn(benchmark::State& state) {
   const std::vector<CoordPair> viruses = EdgeViruses();
   for (auto _ : state) {
     e.Layout(CoordPair{12, 7}, viruses);
-    e.sw->game.Form_KeyPress('6');  // move right: two virus phases, lag steps
+    e.sw->engine.Form_KeyPress('6');  // move right: two virus phases, lag steps
     benchmark::DoNotOptimize(e.sw->game.gnVirusLive);
   }
 }
@@ -92,7 +92,7 @@ void BM_WholeGame10000Turns(benchmark::State& state) {
     pick.Randomize(7.0);
     for (int turn = 0; turn < 10000; ++turn) {
       // "Play again?" is answered Yes by the fake's default button.
-      e.sw->game.Form_KeyPress(keys[static_cast<int>(pick.Rnd() * static_cast<float>(sizeof keys))]);
+      e.sw->engine.Form_KeyPress(keys[static_cast<int>(pick.Rnd() * static_cast<float>(sizeof keys))]);
     }
     games += e.sw->game.gnGameNum;
     benchmark::DoNotOptimize(e.sw->score.glScore);

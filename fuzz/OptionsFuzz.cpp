@@ -5,7 +5,7 @@
 #include <string>
 
 #include "FuzzSupport.h"
-#include "game/Skitterweb.h"
+#include "Skitterweb.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
@@ -107,7 +107,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   {
     test::FakeWindow w;
     Skitterweb sw(w);
-    sw.opts.LoadOptions();
+    sw.optsFile.LoadOptions();
     Options& o = sw.opts;
     fuzz::Check(w.messages.size() <= 1, "at most one message");
     CheckShape(o);

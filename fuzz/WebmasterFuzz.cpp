@@ -7,7 +7,7 @@
 #include <string>
 
 #include "FuzzSupport.h"
-#include "game/Skitterweb.h"
+#include "Skitterweb.h"
 #include "scoring/Cipher.h"
 #include "support/FakeWindow.h"
 

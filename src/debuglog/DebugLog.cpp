@@ -3,10 +3,7 @@
 #include <cstdio>
 #include <ctime>
 
-#include "game/Game.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
-#include "game/Skitterweb.h"
+#include "game/GameState.h"
 #include "options/Options.h"
 #include "runtime/Files.h"
 #include "runtime/NumText.h"
@@ -14,7 +11,7 @@
 
 namespace sw {
 
-DebugLog::DebugLog(Skitterweb& sw) : opts(sw.opts), shell(sw.shell), game(sw.game), frmMain(sw.frmMain) {}
+DebugLog::DebugLog(Options& opts, GameState& game) : opts(opts), game(game) {}
 
 DebugLog::~DebugLog() {
   if (file1_ != nullptr) std::fclose(file1_);
@@ -69,7 +66,7 @@ void DebugLog::DebugWrite(const TraceRecord& rec, bool bMark, bool bDumpAll) {
     std::fwrite(lines.data(), 1, lines.size(), file1_);
     std::fflush(file1_);
   }
-  if (bDumpAll) DebugWriteAll();
+  if (bDumpAll && dumpState) dumpState();
 }
 
 void DebugLog::DebugMark(int16_t nType) {
@@ -102,25 +99,15 @@ void DebugLog::DebugHeader() {
   DebugMark(2);
 }
 
-void DebugLog::DebugOpen(bool bClear, bool bQuiet) {
+bool DebugLog::OpenFile(bool bClear) {
   if (file1_ != nullptr) {
     std::fclose(file1_);
     file1_ = nullptr;
   }
   file1_ = std::fopen(kFileName, bClear ? "wb" : "ab");
-  if (file1_ == nullptr) {
-    try {
-      opts.Current().bDebug = 0;
-    } catch (const RuntimeError&) {
-    }
-    if (!bQuiet) {
-      shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
-                    "Error: DebugOpen", "powerup2.mp3");
-    }
-    frmMain.SetMenuChecked(Menu::menUseDL, false);
-    return;
-  }
+  if (file1_ == nullptr) return false;
   DebugHeader();
+  return true;
 }
 
 void DebugLog::DebugExit() {
@@ -132,28 +119,6 @@ void DebugLog::DebugExit() {
     std::fclose(file1_);
     file1_ = nullptr;
   }
-}
-
-void DebugLog::DebugClear() {
-  DebugExit();
-  DebugOpen(true, false);
-  Print("| Log cleared");
-  DebugMark(2);
-}
-
-void DebugLog::DebugClose() {
-  shell.ShowMsg("Would you like to save the existing log file?", 4, "Close Log File", "comp-save debug log.mp3");
-  if (shell.gnMsgReturn != 6) {
-    try {
-      DeleteFile(kFileName);
-    } catch (const RuntimeError&) {
-      // A log that is already gone is not reported.
-    }
-  }
-}
-
-void DebugLog::DebugWriteAll() {
-  if (dumpState) dumpState(*this);
 }
 
 void DebugLog::Flush() {

@@ -12,11 +12,8 @@
 
 namespace sw {
 
-class Skitterweb;
 class Options;
-class Shell;
-class Game;
-class IMainWindow;
+struct GameState;
 
 // What a procedure hands to the debug log. An empty name marks a free slot.
 // Records are built in one expression, each call taking the next free slot:
@@ -78,7 +75,7 @@ class DebugLog {
   static constexpr const char* kFileName = "SWDebug.log";
   static constexpr const char* kVersion = "1.14";
 
-  explicit DebugLog(Skitterweb& sw);
+  DebugLog(Options& opts, GameState& game);
   ~DebugLog();
   DebugLog(const DebugLog&) = delete;
   DebugLog& operator=(const DebugLog&) = delete;
@@ -91,14 +88,14 @@ class DebugLog {
 
   void DebugWrite(const TraceRecord& rec, bool bMark = false, bool bDumpAll = false);
   void DebugMark(int16_t nType);
-  void DebugOpen(bool bClear, bool bQuiet);
+  // Opens file 1 (truncated when bClear, else for appending) and writes the
+  // header; false when the file cannot be opened.
+  bool OpenFile(bool bClear);
   void DebugHeader();
   void DebugExit();
-  void DebugClear();
-  void DebugClose();
-  // The state dump. Until a dump is attached (dumpState) it writes nothing.
-  void DebugWriteAll();
-  std::function<void(DebugLog&)> dumpState;
+  // The state dump that DebugWrite adds when asked to; attached by whoever
+  // can see the whole game (nothing is written until then).
+  std::function<void()> dumpState;
 
   // Print #1: one line, ended by CR LF. Does nothing while file 1 is closed.
   void Print(const std::string& line);
@@ -111,9 +108,7 @@ class DebugLog {
 
  private:
   Options& opts;
-  Shell& shell;
-  Game& game;
-  IMainWindow& frmMain;
+  GameState& game;
   std::FILE* file1_ = nullptr;
 };
 

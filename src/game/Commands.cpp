@@ -2,8 +2,11 @@
 // moves and its random placement.
 #include <cstdlib>
 
+#include "debuglog/DebugLog.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+
 #include "game/Game.h"
-#include "game/Skitterweb.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
 
@@ -11,25 +14,8 @@ namespace sw {
 
 namespace {
 
-// Command numbers: the positions of the commands in a control profile.
-enum Command {
-  cmdMoveUp, cmdMoveUpRight, cmdMoveRight, cmdMoveDownRight, cmdMoveDown, cmdMoveDownLeft, cmdMoveLeft,
-  cmdMoveUpLeft, cmdWait, cmdPause, cmdAntiVirus, cmdReboot, cmdBackup, cmdRestore, cmdSoftUpgrade,
-  cmdDedLine, cmdLink, kNone = -1,
-};
-
 // The direction code of each move command, in profile order.
 constexpr int16_t kMoveDir[8] = {8, 9, 6, 3, 2, 1, 4, 7};
-
-// The first command of the profile bound to the key. The dedicated line is
-// deliberately not handled in this version: a key bound to it alone is unbound.
-int CommandOf(const ControlProfile& cp, int16_t KeyAscii) {
-  for (int i = 0; i < 17; ++i) {
-    if (i == cmdDedLine) continue;
-    if (cp.*kCommandFields[i].field == KeyAscii) return i;
-  }
-  return kNone;
-}
 
 std::string KeyText(int16_t KeyAscii) {
   return NumText(int64_t{KeyAscii}) + " [" + std::string(1, static_cast<char>(KeyAscii & 0xFF)) + "]";
@@ -37,105 +23,120 @@ std::string KeyText(int16_t KeyAscii) {
 
 }  // namespace
 
+std::optional<Command> CommandFor(const ControlProfile& cp, int16_t KeyAscii) {
+  for (int16_t i = 0; i < 17; ++i) {
+    if (static_cast<Command>(i) == Command::DedLine) continue;
+    if (cp.*kCommandFields[i].field == KeyAscii) return static_cast<Command>(i);
+  }
+  return std::nullopt;
+}
+
+int16_t KeyFor(const ControlProfile& cp, int16_t KeyAscii) {
+  if (KeyAscii >= 'A' && KeyAscii <= 'Z' && !CommandFor(cp, KeyAscii)) return static_cast<int16_t>(KeyAscii + 32);
+  return KeyAscii;
+}
+
 void Game::Form_KeyPress(int16_t KeyAscii) {
-  if (shell.gbSleepOn || !gbGameOn) return;
+  // One turn never runs inside another.
+  if (game.Busy() || !game.gbGameOn) return;
   try {
-    gbLinkOn = 0;
-    CoordPair ctTarget = gctPlayerPos;
+    game.gbLinkOn = 0;
+    const ControlProfile cp = opts.CurrentKeys();
+    KeyAscii = KeyFor(cp, KeyAscii);
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").In("KeyAscii", KeyText(KeyAscii)));
 
-    const ControlProfile cp = opts.CurrentKeys();
-    const int nCommand = CommandOf(cp, KeyAscii);
-    if (nCommand == kNone) {
+    const std::optional<Command> cmd = CommandFor(cp, KeyAscii);
+    if (!cmd) {
       if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").Note("Invalid key pressed"));
       return;
     }
-
-    bool bFinished = true;
-    switch (nCommand) {
-      case cmdMoveUp: case cmdMoveUpRight: case cmdMoveRight: case cmdMoveDownRight:
-      case cmdMoveDown: case cmdMoveDownLeft: case cmdMoveLeft: case cmdMoveUpLeft:
-        bFinished = MoveCommand(kMoveDir[nCommand], ctTarget);
-        break;
-      case cmdWait:
-        gbEndSite = 0;
-        gbWaitOn = -1;
-        gnPlayerDir = 5;
-        DrawCell(gctPlayerPos, PlayerPicture(5));
-        LagDown();
-        VirusTurn();  // runs phases until the site ends
-        break;
-      case cmdPause:
-        gbEndSite = 0;
-        gnPlayerDir = 5;
-        DrawCell(gctPlayerPos, PlayerPicture(5));
-        VirusTurn();
-        LagDown();
-        break;
-      case cmdAntiVirus: case cmdReboot: case cmdRestore: case cmdSoftUpgrade:
-        // The power-ups are not active in this version; the turn still costs a lag step.
-        LagDown();
-        break;
-      case cmdBackup:
-        break;
-      case cmdLink:
-        bFinished = LinkCommand();
-        break;
-      default:
-        break;
-    }
-
-    if (bFinished && dbg.On()) {
+    if (DoCommand(*cmd) && dbg.On()) {
       dbg.DebugWrite(Trace("frmMain.Form_KeyPress")
-                         .Var("gbEndSite", gbEndSite)
-                         .Var("gnMoveCount", gnMoveCount)
-                         .Var("gbScoreNoLinkSite", gbScoreNoLinkSite)
-                         .Note("gnPlayerDir=" + NumText(int64_t{gnPlayerDir})));
+                         .Var("gbEndSite", game.gbEndSite)
+                         .Var("gnMoveCount", game.gnMoveCount)
+                         .Var("gbScoreNoLinkSite", game.gbScoreNoLinkSite)
+                         .Note("gnPlayerDir=" + NumText(int64_t{game.gnPlayerDir})));
     }
   } catch (const RuntimeError& err) {
+    // The turn is over: a wait that an error broke off does not hold the game.
+    game.gbWaitOn = 0;
     shell.ReportError("frmMain.Form_KeyPress", err);
   }
 }
 
-bool Game::MoveCommand(int16_t nDir, CoordPair& ctTarget) {
-  gbEndSite = 0;
-  gnMoveCount = Add16(gnMoveCount, 1);
-  gnPlayerDir = nDir;
+bool Game::DoCommand(Command cmd) {
+  switch (cmd) {
+    case Command::MoveUp: case Command::MoveUpRight: case Command::MoveRight: case Command::MoveDownRight:
+    case Command::MoveDown: case Command::MoveDownLeft: case Command::MoveLeft: case Command::MoveUpLeft:
+      return MoveCommand(kMoveDir[static_cast<int>(cmd)]);
+    case Command::Wait:
+      game.gbEndSite = 0;
+      game.gbWaitOn = -1;
+      game.gnPlayerDir = 5;
+      DrawCell(game.gctPlayerPos, PlayerPicture(5));
+      LagDown();
+      VirusTurn();  // runs phases until the site ends
+      return true;
+    case Command::Pause:
+      game.gbEndSite = 0;
+      game.gnPlayerDir = 5;
+      DrawCell(game.gctPlayerPos, PlayerPicture(5));
+      VirusTurn();
+      LagDown();
+      return true;
+    case Command::AntiVirus: case Command::Reboot: case Command::Restore: case Command::SoftUpgrade:
+      // The power-ups are not active in this version; the turn still costs a lag step.
+      LagDown();
+      return true;
+    case Command::Backup:
+    case Command::DedLine:
+      return true;
+    case Command::Link:
+      return LinkCommand();
+  }
+  return true;
+}
+
+bool Game::MoveCommand(int16_t nDir) {
+  game.gbEndSite = 0;
+  game.gnMoveCount = Add16(game.gnMoveCount, 1);
+  game.gnPlayerDir = nDir;
+  CoordPair ctTarget = game.gctPlayerPos;
   MoveNumDir(ctTarget, nDir);
   // Off the map (or onto a down server): no turn passes.
   if (!MovePlayer(ctTarget)) return false;
-  if (!gbEndSite) VirusTurn();
+  if (!game.gbEndSite) VirusTurn();
   LagDown();
   return true;
 }
 
 bool Game::LinkCommand() {
-  gbEndSite = 0;
-  gnMoveCount = Add16(gnMoveCount, 1);
-  gnPlayerDir = 5;
-  gbLinkOn = -1;
-  gbScoreNoLinkSite = 0;
+  game.gbEndSite = 0;
+  game.gnMoveCount = Add16(game.gnMoveCount, 1);
+  game.gnPlayerDir = 5;
+  game.gbLinkOn = -1;
+  game.gbScoreNoLinkSite = 0;
 
-  const int16_t nDiff = Diff();
-  if (nDiff != 1) {
+  const Difficulty& level = Level();
+  if (level.bLag) {
     // The cost depends on the tier the bar shows; in the timeout no link is possible.
-    const uint32_t barColor = frmMain.LagBarColor();
+    const uint32_t barColor = game.pbrNetLag.BarColor;
     if (barColor == color::Black) {
-      gbLinkOn = 0;
+      game.gbLinkOn = 0;
       return false;
     }
-    gnLag = Add16(gnLag, LinkCost(barColor));
-    gnLag = Add16(gnLag, 1);
+    game.gnLag = Add16(game.gnLag, LinkCost(barColor));
+    game.gnLag = Add16(game.gnLag, 1);
     LagDown();
   }
 
   shell.PlaySound("ammopu3.mp3");
   PlacePlayer();
 
-  if (!gbEndSite && (nDiff == 3 || nDiff == 4)) {
+  if (!game.gbEndSite && level.nLinkPause > 0) {
     // Let the player see where the mouse landed before the viruses answer.
     frmMain.Refresh();
-    shell.SleepTurn(325);
+    shell.SleepTurn(level.nLinkPause);
     VirusTurn();
   }
   return true;
@@ -146,16 +147,16 @@ int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
   int16_t bSuccessful = 0;
   int16_t nCause = 0;
   if (CheckDownServers(ctPlayer) == 0 && IsOnMap(ctPlayer)) {
-    if (gctPlayerPos.nCol != -1 && gctPlayerPos.nRow != -1) DrawCell(gctPlayerPos, Picture::None);
-    gctPlayerPos = ctPlayer;
+    if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
+    game.gctPlayerPos = ctPlayer;
     bSuccessful = -1;
     // An infected server is tested first: a cell with both counts as infected.
-    if (CheckInfected(gctPlayerPos) != 0) {
-      nCause = gbLinkOn ? kLinkedOntoInfected : kWalkedOntoInfected;
-    } else if (CheckVirus(gctPlayerPos, 0) != 0) {
-      nCause = gbLinkOn ? kLinkedOntoVirus : kWalkedOntoVirus;
+    if (CheckInfected(game.gctPlayerPos) != 0) {
+      nCause = game.gbLinkOn ? kLinkedOntoInfected : kWalkedOntoInfected;
+    } else if (CheckVirus(game.gctPlayerPos, 0) != 0) {
+      nCause = game.gbLinkOn ? kLinkedOntoVirus : kWalkedOntoVirus;
     } else {
-      DrawCell(gctPlayerPos, PlayerPicture(gnPlayerDir));
+      DrawCell(game.gctPlayerPos, PlayerPicture(game.gnPlayerDir));
     }
   }
 
@@ -174,21 +175,21 @@ int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
 }
 
 void Game::PlacePlayer() {
-  gnPlayerDir = 5;
-  if (dbg.On()) dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(original)", gctPlayerPos.Text()));
+  game.gnPlayerDir = 5;
+  if (dbg.On()) dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(original)", game.gctPlayerPos.Text()));
 
-  const CoordPair ctOld = gctPlayerPos;
+  const CoordPair ctOld = game.gctPlayerPos;
   // The link rule needs a cell to keep away from; a mouse that is nowhere has none.
-  const bool bOldOnMap = ctOld.nCol >= 0 && ctOld.nCol < gnMapCols && ctOld.nRow >= 0 && ctOld.nRow < gnMapRows;
+  const bool bOldOnMap = ctOld.nCol >= 0 && ctOld.nCol < game.gnMapCols && ctOld.nRow >= 0 && ctOld.nRow < game.gnMapRows;
   for (;;) {
     const CoordPair ct = RandomCell();
-    if (gbLinkOn && bOldOnMap && std::abs(ct.nRow - ctOld.nRow) < 2 && std::abs(ct.nCol - ctOld.nCol) < 2) continue;
-    if (ct == gctPlayerPos) continue;
+    if (game.gbLinkOn && bOldOnMap && std::abs(ct.nRow - ctOld.nRow) < 2 && std::abs(ct.nCol - ctOld.nCol) < 2) continue;
+    if (ct == game.gctPlayerPos) continue;
     if (MovePlayer(ct)) break;
   }
 
   if (dbg.On())
-    dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(new)", gctPlayerPos.Text()).Var("gnPlayerDir", gnPlayerDir));
+    dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(new)", game.gctPlayerPos.Text()).Var("gnPlayerDir", game.gnPlayerDir));
 }
 
 }  // namespace sw

@@ -4,8 +4,10 @@
 
 #include <cmath>
 
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "options/Options.h"
 #include "runtime/NumText.h"
+#include "runtime/Random.h"
 
 namespace sw {
 
@@ -22,8 +24,9 @@ int16_t FindCell(const std::vector<CoordPair>& list, int16_t nCount, const Coord
 
 }  // namespace
 
-Game::Game(Skitterweb& sw)
-    : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), score(sw.score), hs(sw.hs), rnd(sw.rnd), frmMain(sw.frmMain) {}
+Game::Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs, Random& rnd,
+           IMainWindow& frmMain)
+    : game(game), opts(opts), dbg(dbg), shell(shell), score(score), hs(hs), rnd(rnd), frmMain(frmMain) {}
 
 int16_t Game::Diff() const { return opts.Current().nDiff; }
 
@@ -32,8 +35,8 @@ CoordPair Game::RandomCell() {
   const float r1 = rnd.Rnd();
   const float r2 = rnd.Rnd();
   CoordPair ct;
-  ct.nCol = static_cast<int16_t>(std::floor(r1 * static_cast<float>(gnMapCols)));
-  ct.nRow = static_cast<int16_t>(std::floor(r2 * static_cast<float>(gnMapRows)));
+  ct.nCol = static_cast<int16_t>(std::floor(r1 * static_cast<float>(game.gnMapCols)));
+  ct.nRow = static_cast<int16_t>(std::floor(r2 * static_cast<float>(game.gnMapRows)));
   return ct;
 }
 
@@ -50,7 +53,7 @@ void Game::SetPos(CoordPair& ct, int16_t nCol, int16_t nRow) {
 }
 
 int16_t Game::IsOnMap(const CoordPair& ct) {
-  const int16_t on = (ct.nCol >= 0 && ct.nCol < gnMapCols && ct.nRow >= 0 && ct.nRow < gnMapRows) ? -1 : 0;
+  const int16_t on = (ct.nCol >= 0 && ct.nCol < game.gnMapCols && ct.nRow >= 0 && ct.nRow < game.gnMapRows) ? -1 : 0;
   if (dbg.On()) dbg.DebugWrite(Trace("IsOnMap").In("ct", ct.Text()).Ret("IsOnMap", on));
   return on;
 }
@@ -76,7 +79,7 @@ void Game::MoveNumDir(CoordPair& ctPos, int16_t nDir) {
 }
 
 int16_t Game::CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus) {
-  const int16_t n = FindCell(gctVirusPos, gnVirusLive, ctPos, nSkipVirus);
+  const int16_t n = FindCell(game.gctVirusPos, game.gnVirusLive, ctPos, nSkipVirus);
   if (n != 0 && dbg.On()) {
     dbg.DebugWrite(
         Trace("CheckVirus").In("ctPos", ctPos.Text()).In("nSkipVirus", nSkipVirus).Var("gctVirusPos - index", n));
@@ -85,14 +88,14 @@ int16_t Game::CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus) {
 }
 
 int16_t Game::CheckInfected(const CoordPair& ctPos) {
-  const int16_t n = FindCell(gctInfectedPos, gnInfectedCount, ctPos, 0);
+  const int16_t n = FindCell(game.gctInfectedPos, game.gnInfectedCount, ctPos, 0);
   if (n != 0 && dbg.On())
     dbg.DebugWrite(Trace("CheckInfected").In("ctPos", ctPos.Text()).Var("gctInfectedPos - index", n));
   return n;
 }
 
 int16_t Game::CheckDownServers(const CoordPair& ctPos) {
-  const int16_t n = FindCell(gctDownServerPos, gnDownServerCount, ctPos, 0);
+  const int16_t n = FindCell(game.gctDownServerPos, game.gnDownServerCount, ctPos, 0);
   if (n != 0 && dbg.On())
     dbg.DebugWrite(Trace("CheckDownServers").In("ctPos", ctPos.Text()).Var("gctDownServerPos - index", n));
   return n;
@@ -104,7 +107,7 @@ int16_t Game::CanVirusEnter(const CoordPair& ctPos, int16_t nVirus) {
     ok = 0;
   } else if (nVirus == -1) {
     // A new virus may not stand on another one, nor on the mouse.
-    if (CheckVirus(ctPos, 0) != 0 || (ctPos == gctPlayerPos)) ok = 0;
+    if (CheckVirus(ctPos, 0) != 0 || (ctPos == game.gctPlayerPos)) ok = 0;
   }
   if (dbg.On())
     dbg.DebugWrite(Trace("CanVirusEnter").In("ctPos", ctPos.Text()).In("nVirus", nVirus).Ret("CanVirusEnter", ok));
@@ -113,18 +116,24 @@ int16_t Game::CanVirusEnter(const CoordPair& ctPos, int16_t nVirus) {
 
 void Game::DrawCell(const CoordPair& ct, Picture pic) {
   // Nowhere (-1, -1) has no cell to draw.
-  if (ct.nCol < 0 || ct.nRow < 0 || ct.nCol >= gnMapCols || ct.nRow >= gnMapRows) return;
+  if (ct.nCol < 0 || ct.nRow < 0 || ct.nCol >= game.gnMapCols || ct.nRow >= game.gnMapRows) return;
   frmMain.SetCellPicture(ct.nCol, ct.nRow, pic);
 }
 
 void Game::DrawViruses() {
-  for (int16_t i = 1; i <= gnVirusLive; ++i) DrawCell(gctVirusPos[static_cast<size_t>(i)], Picture::Virus);
-  if (dbg.On()) dbg.DebugWrite(Trace("DrawViruses").Var("gnVirusLive", gnVirusLive));
+  for (int16_t i = 1; i <= game.gnVirusLive; ++i) DrawCell(game.gctVirusPos[static_cast<size_t>(i)], Picture::Virus);
+  if (dbg.On()) dbg.DebugWrite(Trace("DrawViruses").Var("gnVirusLive", game.gnVirusLive));
+}
+
+void Game::ShowVirusCount() {
+  frmMain.SetCaption(Label::lblVirus, NumText(int64_t{game.gnVirusLive}));
+  // The most a site can hold shows in red.
+  frmMain.SetLabelForeColor(Label::lblVirus, game.gnVirusLive == 30 ? color::Red : color::ButtonText);
 }
 
 void Game::ClearViruses() {
-  for (int16_t i = 1; i <= gnVirusLive; ++i) DrawCell(gctVirusPos[static_cast<size_t>(i)], Picture::None);
-  if (dbg.On()) dbg.DebugWrite(Trace("ClearViruses").Var("gnVirusLive", gnVirusLive));
+  for (int16_t i = 1; i <= game.gnVirusLive; ++i) DrawCell(game.gctVirusPos[static_cast<size_t>(i)], Picture::None);
+  if (dbg.On()) dbg.DebugWrite(Trace("ClearViruses").Var("gnVirusLive", game.gnVirusLive));
 }
 
 }  // namespace sw

@@ -1,78 +1,41 @@
 #pragma once
-// The game module: the map and its objects, game and site set-up, the
-// player's commands, the viruses' turn, deaths, reconnects, sites and net lag.
+// The game module: lookups and drawing over the map, game and site set-up,
+// the player's commands, the viruses' turn, deaths, reconnects, sites and net lag.
 #include <cstdint>
+#include <optional>
 #include <string>
-#include <vector>
 
+#include "game/Difficulty.h"
+#include "game/GameState.h"
 #include "game/MainWindow.h"
 
 namespace sw {
 
-class Skitterweb;
 class Options;
 class DebugLog;
 class Shell;
 class Score;
 class HighScores;
 class Random;
+struct ControlProfile;
 
-// A map cell: column (0 = left) and row (0 = top); (-1, -1) is nowhere.
-struct CoordPair {
-  int16_t nCol = -1;
-  int16_t nRow = -1;
-  bool operator==(const CoordPair&) const = default;
-  // "5,3": column, comma, row, as trace lines write a pair.
-  std::string Text() const;
+// The player's commands, in the order a control profile lists their keys.
+enum class Command : int16_t {
+  MoveUp, MoveUpRight, MoveRight, MoveDownRight, MoveDown, MoveDownLeft, MoveLeft, MoveUpLeft,
+  Wait, Pause, AntiVirus, Reboot, Backup, Restore, SoftUpgrade, DedLine, Link,
 };
 
-// Causes of death passed to PlayerDead.
-enum DeathCause : int16_t {
-  kWalkedOntoVirus = 1,
-  kVirusReachedMouse = 2,
-  kWalkedOntoInfected = 3,
-  kLinkedOntoVirus = 4,
-  kLinkedOntoInfected = 5,
-  kSleepingMouse = 6,
-};
+// The character a typed key stands for in a profile: an upper-case letter that
+// no command is bound to stands for its lower case (Caps Lock never unbinds a key).
+int16_t KeyFor(const ControlProfile& cp, int16_t KeyAscii);
+// The first command of the profile bound to the character, in profile order.
+// The dedicated line is not handled in this version: a key bound to it alone is unbound.
+std::optional<Command> CommandFor(const ControlProfile& cp, int16_t KeyAscii);
 
 class Game {
  public:
-  explicit Game(Skitterweb& sw);
-
-  // ---- map size (fixed at 24 x 14 when the main window loads)
-  int16_t gnMapCols = 24;
-  int16_t gnMapRows = 14;
-
-  // ---- objects on the map; lists are 1-based, slot 0 holds (-1, -1)
-  CoordPair gctPlayerPos{-1, -1};
-  std::vector<CoordPair> gctVirusPos{CoordPair{}};
-  std::vector<CoordPair> gctInfectedPos{CoordPair{}};
-  std::vector<CoordPair> gctDownServerPos{CoordPair{}};
-  int16_t gnVirusLive = 0;
-  int16_t gnInfectedCount = 0;
-  int16_t gnDownServerCount = 0;
-  int16_t gnVirusMax = 0;
-
-  // ---- counters and flags (flags: true = -1, false = 0)
-  int16_t gnGameNum = 0;
-  int16_t gbGameOn = 0;
-  int16_t gbGameInit = 0;
-  int16_t gnSitesHit = 0;
-  int16_t gnReconnects = 0;
-  int16_t gnMoveCount = 0;
-  int16_t gnPlayerDir = 5;
-  int16_t gbEndSite = 0;
-  int16_t gbWaitOn = 0;
-  int16_t gbLinkOn = 0;
-  int16_t gbScoreNoLinkSite = -1;
-  int16_t gbScoreMinLag = 1;
-  int16_t gnLag = 0;
-  int16_t gnColorLag = 0;
-
-  // Test hook: when false, StartGame leaves the random generator as it is
-  // instead of seeding it from the timer, so a test can seed it itself.
-  bool bSeedFromTimer = true;
+  Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs, Random& rnd,
+       IMainWindow& frmMain);
 
   // ---- lookups and drawing
   int16_t SamePos(const CoordPair& a, const CoordPair& b);
@@ -87,15 +50,23 @@ class Game {
   void ClearViruses();
   // SelectCell then set the cell's picture (Picture::None erases it).
   void DrawCell(const CoordPair& ct, Picture pic);
+  // The virus counter shows the count, in red when the map holds the most it can.
+  void ShowVirusCount();
 
   // ---- game start and site set-up
   void StartGame();
   void BuildMap();
   void InitMap();
   void ResetObjects();
+  // Window and grid geometry from the map size and the grid-lines option.
+  void SetSize();
+  void SetGrid();
 
   // ---- player commands
+  // The main window's character handler: one typed character is one turn.
   void Form_KeyPress(int16_t KeyAscii);
+  // Carries out one command; false when it ended early (no exit trace).
+  bool DoCommand(Command cmd);
   int16_t MovePlayer(const CoordPair& ctPlayer);
   void PlacePlayer();
 
@@ -114,19 +85,21 @@ class Game {
 
   // ---- net lag
   void LagDown();
+  // The lag display: the bar and the label beside it, as the state holds them.
+  void ShowLag(uint32_t labelBack, uint32_t labelFore, const std::string& caption);
 
  private:
-  // The difficulty of the current options record (1 easy .. 4 nightmare).
+  // The difficulty of the current options record.
   int16_t Diff() const;
+  const Difficulty& Level() const { return DifficultyOf(Diff()); }
   // One cell drawn at random: column first, then row.
   CoordPair RandomCell();
-  // The commands of Form_KeyPress. Each returns false when the command ended
-  // early (no exit trace).
-  bool MoveCommand(int16_t nDir, CoordPair& ctTarget);
+  bool MoveCommand(int16_t nDir);
   bool LinkCommand();
   // What a link adds to the lag in the tier the bar shows (before the step every link costs).
   static int16_t LinkCost(uint32_t barColor);
 
+  GameState& game;
   Options& opts;
   DebugLog& dbg;
   Shell& shell;

@@ -1,42 +1,49 @@
-// Starting a game and laying out a site.
+// Starting a game, laying out a site, and the window and grid geometry that follow the map.
+#include <algorithm>
+
 #include "game/Game.h"
 
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "game/Shell.h"
+#include "options/Options.h"
 #include "runtime/Checked.h"
+#include "runtime/Random.h"
+#include "scoring/HighScores.h"
+#include "scoring/Score.h"
 #include "runtime/NumText.h"
 
 namespace sw {
 
 void Game::StartGame() {
   // The start-up pass that applies the loaded options starts no game.
-  if (gbGameInit) return;
+  if (game.gbGameInit) return;
   try {
-    gnGameNum = Add16(gnGameNum, 1);
-    if (dbg.On() && gnGameNum % 50 == 0) dbg.Flush();
-    gbGameOn = -1;
+    game.gnGameNum = Add16(game.gnGameNum, 1);
+    if (dbg.On() && game.gnGameNum % 50 == 0) dbg.Flush();
+    game.gbGameOn = -1;
 
-    gnSitesHit = opts.Current().nStartSite;
-    frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{gnSitesHit}));
+    game.gnSitesHit = opts.Current().nStartSite;
+    frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
 
     const int16_t nDiff = opts.CheckedDiff();
     score.glScore = 0;
     frmMain.SetCaption(Label::lblScore, FormatThousands(0));
     score.glNextExtraLife = score.glExtraLifeBonus[static_cast<size_t>(nDiff)];
 
-    gnReconnects = 2;
-    frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{gnReconnects}));
+    game.gnReconnects = 2;
+    frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
 
     frmMain.SetCaption(Label::lblHighScore,
                        FormatThousands(static_cast<double>(hs.Entry(HighScores::kAllTime, nDiff, 1).lScore)));
 
-    if (bSeedFromTimer) rnd.RandomizeTimer();
+    if (game.bSeedFromTimer) rnd.RandomizeTimer();
 
     if (dbg.On()) {
       dbg.DebugWrite(Trace("StartGame")
-                         .Var("gbGameOn", gbGameOn)
-                         .Var("gnSitesHit", gnSitesHit)
-                         .Var("gnReconnects", gnReconnects)
-                         .Note("score is also reset to 0.  gnGameNum=" + NumText(int64_t{gnGameNum})),
+                         .Var("gbGameOn", game.gbGameOn)
+                         .Var("gnSitesHit", game.gnSitesHit)
+                         .Var("gnReconnects", game.gnReconnects)
+                         .Note("score is also reset to 0.  gnGameNum=" + NumText(int64_t{game.gnGameNum})),
                      true);
     }
 
@@ -48,63 +55,97 @@ void Game::StartGame() {
 }
 
 void Game::BuildMap() {
-  if (dbg.On()) dbg.DebugWrite(Trace("BuildMap").Var("gnMapCols", gnMapCols).Var("gnMapRows", gnMapRows));
-  frmMain.SetSize();
-  frmMain.SetGrid();
+  if (dbg.On()) dbg.DebugWrite(Trace("BuildMap").Var("gnMapCols", game.gnMapCols).Var("gnMapRows", game.gnMapRows));
+  SetSize();
+  SetGrid();
   InitMap();
   frmMain.Refresh();
 }
 
 void Game::InitMap() {
   if (dbg.On()) dbg.DebugWrite(Trace("InitMap"));
-  gbWaitOn = 0;
+  game.gbWaitOn = 0;
   ResetObjects();
   // (No down servers are placed in this version.)
   PlacePlayer();
   PlaceVirus();
   frmMain.Refresh();
 
-  gbScoreNoLinkSite = -1;
-  gnMoveCount = 0;
-  gbScoreMinLag = 1;
+  game.gbScoreNoLinkSite = -1;
+  game.gnMoveCount = 0;
+  game.gbScoreMinLag = 1;
   // The site is ready and no turn is in progress; the first command clears it.
-  gbEndSite = -1;
+  game.gbEndSite = -1;
 
   if (dbg.On()) {
     dbg.DebugWrite(Trace("InitMap")
-                       .Var("gbWaitOn", gbWaitOn)
-                       .Var("gbEndSite", gbEndSite)
+                       .Var("gbWaitOn", game.gbWaitOn)
+                       .Var("gbEndSite", game.gbEndSite)
                        .Note("reset scoring bonus variables (gnMoveCount, gbScoreNoLinkSite, & gbScoreMinLag)"));
   }
 }
 
 void Game::ResetObjects() {
-  if (gctPlayerPos.nCol != -1 && gctPlayerPos.nRow != -1) DrawCell(gctPlayerPos, Picture::None);
-  gctPlayerPos = CoordPair{-1, -1};
+  if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
+  game.gctPlayerPos = CoordPair{-1, -1};
 
   ClearViruses();
-  gnVirusLive = 0;
-  gctVirusPos.assign(1, CoordPair{-1, -1});
+  game.gnVirusLive = 0;
+  game.gctVirusPos.assign(1, CoordPair{-1, -1});
 
-  for (int16_t i = 1; i <= gnInfectedCount; ++i) DrawCell(gctInfectedPos[static_cast<size_t>(i)], Picture::None);
-  gnInfectedCount = 0;
-  gctInfectedPos.assign(1, CoordPair{-1, -1});
+  for (int16_t i = 1; i <= game.gnInfectedCount; ++i) DrawCell(game.gctInfectedPos[static_cast<size_t>(i)], Picture::None);
+  game.gnInfectedCount = 0;
+  game.gctInfectedPos.assign(1, CoordPair{-1, -1});
 
   // Easy has no net lag: its display is left as it is.
-  if (Diff() != 1) {
-    gnLag = 0;
-    gnColorLag = 0;
-    frmMain.SetCaption(Label::lblNetLag, "0");
-    frmMain.SetLabelColors(Label::lblNetLag, color::Silver, color::Black);
-    frmMain.SetLagBarValue(0);
-    frmMain.SetLagBarColor(color::Blue);
+  if (Level().bLag) {
+    game.gnLag = 0;
+    game.gnColorLag = 0;
+    game.pbrNetLag.SetValue(0);
+    game.pbrNetLag.BarColor = color::Blue;
+    ShowLag(color::Silver, color::Black, "0");
   }
 
   if (dbg.On()) {
     dbg.DebugWrite(Trace("ResetObjects")
-                       .Var("gctPlayerPos", gctPlayerPos.Text())
-                       .Var("gnLag & gnColorLag", NumText(int64_t{gnLag}) + "/Blue")
+                       .Var("gctPlayerPos", game.gctPlayerPos.Text())
+                       .Var("gnLag & gnColorLag", NumText(int64_t{game.gnLag}) + "/Blue")
                        .Note("0 = gnVirusLive = gnInfectedCount"));
+  }
+}
+
+void Game::SetSize() {
+  // The window is as wide as the map, but never narrower than its information bar needs.
+  const int32_t lWidth = std::max<int32_t>(int32_t{game.gnMapCols} * twips::kCell, twips::kMinWidth);
+  const int32_t lHeight = int32_t{game.gnMapRows} * twips::kCell + twips::kInfoBarHeight + twips::kFrameHeight;
+  frmMain.SetWindowSize(lWidth, lHeight, lWidth);
+  if (dbg.On()) {
+    dbg.DebugWrite(Trace("SetSize")
+                       .Var("frmMain.Height", lHeight)
+                       .Var("frmMain.Width", lWidth)
+                       .Var("frmMain..pctInfoBar.Width", lWidth));
+  }
+}
+
+void Game::SetGrid() {
+  const int16_t cols = game.gnMapCols;
+  const int16_t rows = game.gnMapRows;
+  const int32_t gridW = int32_t{cols} * twips::kCell;
+  const int32_t gridH = int32_t{rows} * twips::kCell;
+  int16_t nCellSize = twips::kCellGridOff;
+  bool bLines = false;
+  try {
+    bLines = opts.Current().bGrid != 0;
+    nCellSize = bLines ? twips::kCellGridOn : twips::kCellGridOff;
+  } catch (const RuntimeError& e) {
+    shell.ReportError("SetGrid", e);
+  }
+  frmMain.SetGridLayout(cols, rows, gridW, gridH, nCellSize, bLines);
+  if (dbg.On()) {
+    dbg.DebugWrite(Trace("SetGrid")
+                       .Var("frmMain.grdMap.Cols/Rows", NumText(int64_t{cols}) + "/" + NumText(int64_t{rows}))
+                       .Var("frmMain.grdMap.Height/Width", NumText(int64_t{gridH}) + "/" + NumText(int64_t{gridW}))
+                       .Var("nCellSize", nCellSize));
   }
 }
 

@@ -1,8 +1,12 @@
 #pragma once
-// The one seam between the game model and the screen. The main window
+// The one seam between the game model and the screen. The model tells the
+// window what to show and never asks it about the game; the only answers that
+// come back are a player's (a message box's button). The main window
 // implements it; tests replace it by a recording fake with scripted answers.
 #include <cstdint>
 #include <string>
+
+#include "game/GameState.h"
 
 namespace sw {
 
@@ -40,6 +44,8 @@ constexpr uint32_t Red = 0x0000FF;
 constexpr uint32_t Yellow = 0x00FFFF;
 constexpr uint32_t Blue = 0xFF0000;
 constexpr uint32_t Silver = 0xC0C0C0;
+// The system's colour for text on buttons (a system colour, not an RGB value).
+constexpr uint32_t ButtonText = 0x80000012;
 inline constexpr uint32_t RGB(uint32_t r, uint32_t g, uint32_t b) { return r | (g << 8) | (b << 16); }
 }  // namespace color
 
@@ -51,20 +57,20 @@ class IMainWindow {
   virtual void SetCellPicture(int16_t nCol, int16_t nRow, Picture pic) = 0;
   // frmMain.Refresh: repaint the window now.
   virtual void Refresh() = 0;
-  // SetSize and SetGrid: window and grid geometry from gnMapCols, gnMapRows and bGrid.
-  virtual void SetSize() = 0;
-  virtual void SetGrid() = 0;
+  // SetSize: the window's width and height and the information bar's width, in twips.
+  virtual void SetWindowSize(int32_t widthTw, int32_t heightTw, int32_t infoBarWidthTw) = 0;
+  // SetGrid: columns and rows, the grid's width and height, every cell's size (twips),
+  // and whether grid lines are drawn.
+  virtual void SetGridLayout(int16_t cols, int16_t rows, int32_t widthTw, int32_t heightTw, int16_t cellTw,
+                             bool bLines) = 0;
 
-  // A label's caption, and its back and fore colours.
+  // A label's caption, its back and fore colours, or its fore colour alone.
   virtual void SetCaption(Label lbl, const std::string& text) = 0;
   virtual void SetLabelColors(Label lbl, uint32_t backColor, uint32_t foreColor) = 0;
+  virtual void SetLabelForeColor(Label lbl, uint32_t foreColor) = 0;
 
-  // pbrNetLag, the net-lag bar.
-  virtual uint32_t LagBarColor() const = 0;
-  virtual int32_t LagBarMax() const = 0;
-  virtual void SetLagBarColor(uint32_t barColor) = 0;
-  virtual void SetLagBarValue(int32_t value) = 0;
-  virtual void SetLagBarRange(int32_t min, int32_t max) = 0;
+  // pbrNetLag, the net-lag bar: draws the bar as the state holds it.
+  virtual void ShowLagBar(const ProgBarState& bar) = 0;
 
   // frmMsgBox: show the dialog modally with button set nButtons (0 OK, 1 OK/Cancel,
   // 4 Yes/No) and return the answer code (1 OK, 2 Cancel, 6 Yes, 7 No).
@@ -82,6 +88,9 @@ class IMainWindow {
   // Menu check marks and enabled states.
   virtual void SetMenuChecked(Menu item, bool checked) = 0;
   virtual void SetMenuEnabled(Menu item, bool enabled) = 0;
+
+  // Ends the program: the window closes and the event loop returns.
+  virtual void EndProgram() = 0;
 };
 
 }  // namespace sw

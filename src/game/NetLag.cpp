@@ -1,8 +1,8 @@
 // Net lag: one step down per turn, and the colour tier the display shows.
 #include <iterator>
 
+#include "debuglog/DebugLog.h"
 #include "game/Game.h"
-#include "game/Skitterweb.h"
 #include "runtime/NumText.h"
 
 namespace sw {
@@ -41,24 +41,29 @@ int16_t Game::LinkCost(uint32_t barColor) {
   return 0;
 }
 
+void Game::ShowLag(uint32_t labelBack, uint32_t labelFore, const std::string& caption) {
+  frmMain.ShowLagBar(game.pbrNetLag);
+  frmMain.SetLabelColors(Label::lblNetLag, labelBack, labelFore);
+  frmMain.SetCaption(Label::lblNetLag, caption);
+}
+
 void Game::LagDown() {
   // Easy has no lag; the timeout is a trap that lasts until the site is laid out again.
-  if (Diff() == 1 || frmMain.LagBarColor() == color::Black || gnLag <= 0) return;
+  if (!Level().bLag || game.pbrNetLag.BarColor == color::Black || game.gnLag <= 0) return;
 
-  gnLag = static_cast<int16_t>(gnLag - 1);
-  if (dbg.On()) dbg.DebugWrite(Trace("LagDown").Var("gnLag", gnLag));
+  game.gnLag = static_cast<int16_t>(game.gnLag - 1);
+  if (dbg.On()) dbg.DebugWrite(Trace("LagDown").Var("gnLag", game.gnLag));
 
-  const LagTier& t = TierOf(gnLag);
+  const LagTier& t = TierOf(game.gnLag);
   const bool bTimeout = &t == &kTimeout;
-  if (gbScoreMinLag < t.nMinLag) gbScoreMinLag = t.nMinLag;
+  if (game.gbScoreMinLag < t.nMinLag) game.gbScoreMinLag = t.nMinLag;
   // The timeout shows a full bar and an "X" in place of its number.
-  gnColorLag = bTimeout ? int16_t{-1} : static_cast<int16_t>(gnLag - t.nFloor);
-  frmMain.SetLagBarColor(t.barColor);
-  frmMain.SetLagBarValue(bTimeout ? frmMain.LagBarMax() : gnLag);
-  frmMain.SetLabelColors(Label::lblNetLag, t.backColor, t.foreColor);
-  frmMain.SetCaption(Label::lblNetLag, bTimeout ? std::string("X") : NumText(int64_t{gnColorLag}));
+  game.gnColorLag = bTimeout ? int16_t{-1} : static_cast<int16_t>(game.gnLag - t.nFloor);
+  game.pbrNetLag.BarColor = t.barColor;
+  game.pbrNetLag.SetValue(bTimeout ? game.pbrNetLag.Max : game.gnLag);
+  ShowLag(t.backColor, t.foreColor, bTimeout ? std::string("X") : NumText(int64_t{game.gnColorLag}));
 
-  if (dbg.On()) dbg.DebugWrite(Trace("LagDown").Var("lag color", t.szColor).Var("gnColorLag", gnColorLag));
+  if (dbg.On()) dbg.DebugWrite(Trace("LagDown").Var("lag color", t.szColor).Var("gnColorLag", game.gnColorLag));
 }
 
 }  // namespace sw

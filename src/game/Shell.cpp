@@ -2,23 +2,44 @@
 
 #include "debuglog/DebugLog.h"
 #include "game/MainWindow.h"
-#include "game/Skitterweb.h"
+#include "game/GameState.h"
 #include "options/Options.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
 
-Shell::Shell(Skitterweb& sw) : opts(sw.opts), dbg(sw.dbg), frmMain(sw.frmMain) {}
+Shell::Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain)
+    : game(game), opts(opts), dbg(dbg), frmMain(frmMain) {}
 
 void Shell::SleepTurn(int32_t ms) {
-  gbSleepOn = -1;
-  frmMain.SetPointer(Pointer::Hourglass);
-  frmMain.Sleep(ms);
-  frmMain.SetPointer(Pointer::Custom);
-  frmMain.DoEvents();
-  gbSleepOn = 0;
+  // The window events let in here may start another pause (a sound's); the
+  // flag keeps turns out until the outermost one ends.
+  struct Depth {
+    GameState& game;
+    int& n;
+    Depth(GameState& g, int& d) : game(g), n(d) {
+      ++n;
+      game.gbSleepOn = -1;
+    }
+    ~Depth() {
+      if (--n == 0) game.gbSleepOn = 0;
+    }
+  };
+  {
+    const Depth depth(game, nSleepDepth_);
+    frmMain.SetPointer(Pointer::Hourglass);
+    frmMain.Sleep(ms);
+    frmMain.SetPointer(Pointer::Custom);
+    frmMain.DoEvents();
+  }
   if (dbg.On()) dbg.DebugWrite(Trace("SleepTurn").In("nMilliseconds", ms));
+}
+
+bool Shell::Refused() {
+  if (!game.Busy()) return false;
+  PlaySound("powerup2.mp3");
+  return true;
 }
 
 void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle,

@@ -6,7 +6,7 @@
 
 namespace sw {
 
-class Skitterweb;
+struct GameState;
 class Options;
 class DebugLog;
 class IMainWindow;
@@ -14,13 +14,16 @@ class RuntimeError;
 
 class Shell {
  public:
-  explicit Shell(Skitterweb& sw);
+  Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain);
 
-  int16_t gbSleepOn = 0;    // a timed pause is running; key presses are dropped
   int16_t gnMsgReturn = 0;  // the answer of the last message box: 1 OK, 2 Cancel, 6 Yes, 7 No
 
-  // Hourglass, sleep ms, custom pointer, pending window events; gbSleepOn meanwhile.
+  // Hourglass, sleep ms, custom pointer, pending window events. gbSleepOn is
+  // set meanwhile, and stays set until the outermost of nested pauses ends.
   void SleepTurn(int32_t ms);
+  // A command that may not run while a pause runs or Wait is in force: true
+  // (after the refusal sound) when it must not run now.
+  bool Refused();
   // The only message box. nButtons: 0 OK, 1 OK/Cancel, 4 Yes/No. Answer in gnMsgReturn.
   void ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle, const std::string& szSound);
   // Plays a file of the sounds folder, cutting off the last one; nothing while sound is off.
@@ -33,9 +36,11 @@ class Shell {
   static constexpr const char* kSoundFolder = ".\\sounds\\";
 
  private:
+  GameState& game;
   Options& opts;
   DebugLog& dbg;
   IMainWindow& frmMain;
+  int nSleepDepth_ = 0;  // pauses running, the outermost included
 };
 
 }  // namespace sw

@@ -1,7 +1,10 @@
 // The end of a site: the mouse's death (a reconnect spent, or game over) and
 // a site won.
 #include "game/Game.h"
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "game/Shell.h"
+#include "scoring/HighScores.h"
+#include "scoring/Score.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
 
@@ -28,23 +31,23 @@ void Game::PlayerDead(int16_t nCause) {
   try {
     // Score news of this turn comes before the death.
     score.WriteScoreMesg();
-    gbEndSite = -1;
+    game.gbEndSite = -1;
 
-    DrawCell(gctPlayerPos, Picture::None);
+    DrawCell(game.gctPlayerPos, Picture::None);
     frmMain.Refresh();
-    DrawCell(gctPlayerPos, Picture::Death);
+    DrawCell(game.gctPlayerPos, Picture::Death);
 
     const std::string szCause = CauseText(nCause);
-    gnReconnects = Sub16(gnReconnects, 1);
+    game.gnReconnects = Sub16(game.gnReconnects, 1);
 
     if (dbg.On()) {
       dbg.DebugWrite(
-          Trace("PlayerDead").In("nCause", nCause).Var("gbEndSite", gbEndSite).Var("gnReconnects", gnReconnects));
+          Trace("PlayerDead").In("nCause", nCause).Var("gbEndSite", game.gbEndSite).Var("gnReconnects", game.gnReconnects));
     }
 
-    if (gnReconnects >= 0) {
-      frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{gnReconnects}));
-      shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " + NumText(int64_t{gnReconnects}) +
+    if (game.gnReconnects >= 0) {
+      frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
+      shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " + NumText(int64_t{game.gnReconnects}) +
                         " reconnects remaining. Get ready to try again!",
                     0, "Player Died", "comp-dead.mp3");
       InitMap();
@@ -55,11 +58,11 @@ void Game::PlayerDead(int16_t nCause) {
     frmMain.SetCaption(Label::lblReconnects, "-");
     shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", 0, "Player Died", "comp-game over.mp3");
     hs.CheckHighScore();
-    gbGameOn = 0;
-    gbWaitOn = 0;
+    game.gbGameOn = 0;
+    game.gbWaitOn = 0;
     if (dbg.On()) {
-      dbg.DebugWrite(Trace("PlayerDead").Note("game over: gbGameOn=" + NumText(int64_t{gbGameOn}) +
-                                              " gbWaitOn=" + NumText(int64_t{gbWaitOn})));
+      dbg.DebugWrite(Trace("PlayerDead").Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn}) +
+                                              " gbWaitOn=" + NumText(int64_t{game.gbWaitOn})));
     }
     shell.ShowMsg("Would you like to play another game?", 4, "Play again?", "comp-new game.mp3");
     if (shell.gnMsgReturn == 6) StartGame();
@@ -76,12 +79,12 @@ void Game::NewSite() {
     shell.ReportError("NewSite", err);
   }
   try {
-    gnSitesHit = Add16(gnSitesHit, 1);
+    game.gnSitesHit = Add16(game.gnSitesHit, 1);
     // Score news (extra reconnects) comes before the site message.
     score.WriteScoreMesg();
-    if (dbg.On()) dbg.DebugWrite(Trace("NewSite").Var("gnSitesHit", gnSitesHit));
-    frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{gnSitesHit}));
-    shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " + NumText(int64_t{gnSitesHit}) +
+    if (dbg.On()) dbg.DebugWrite(Trace("NewSite").Var("gnSitesHit", game.gnSitesHit));
+    frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
+    shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " + NumText(int64_t{game.gnSitesHit}) +
                       "!" + "\n" + "Get ready for your next web search!",
                   0, "Site Hit", "comp-level complete.mp3");
     InitMap();

@@ -2,52 +2,55 @@
 #include <algorithm>
 
 #include "game/Game.h"
-#include "game/Skitterweb.h"
 #include "runtime/Checked.h"
+#include "debuglog/DebugLog.h"
+#include "game/Shell.h"
+#include "options/Options.h"
 #include "runtime/NumText.h"
+#include "scoring/Score.h"
 
 namespace sw {
 
 void Game::PlaceVirus() {
-  gnVirusMax = std::min<int16_t>(Add16(gnSitesHit, 7), 30);
-  gnVirusLive = gnVirusMax;
-  frmMain.SetCaption(Label::lblVirus, NumText(int64_t{gnVirusLive}));
+  game.gnVirusMax = std::min<int16_t>(Add16(game.gnSitesHit, 7), 30);
+  game.gnVirusLive = game.gnVirusMax;
+  ShowVirusCount();
 
   // Unplaced entries stay off the map so that they never match a cell.
-  gctVirusPos.assign(static_cast<size_t>(std::max<int16_t>(gnVirusMax, 0)) + 1, CoordPair{-1, -1});
-  for (int16_t i = 1; i <= gnVirusMax; ++i) {
+  game.gctVirusPos.assign(static_cast<size_t>(std::max<int16_t>(game.gnVirusMax, 0)) + 1, CoordPair{-1, -1});
+  for (int16_t i = 1; i <= game.gnVirusMax; ++i) {
     CoordPair ct;
     do {
       ct = RandomCell();
     } while (!CanVirusEnter(ct, -1));
-    gctVirusPos[static_cast<size_t>(i)] = ct;
+    game.gctVirusPos[static_cast<size_t>(i)] = ct;
   }
   DrawViruses();
 
   if (dbg.On()) {
     std::string list = "{ ";
-    for (int16_t i = 1; i <= gnVirusMax; ++i) {
+    for (int16_t i = 1; i <= game.gnVirusMax; ++i) {
       if (i > 1) list += " - ";
-      list += NumText(int64_t{i}) + ":" + gctVirusPos[static_cast<size_t>(i)].Text();
+      list += NumText(int64_t{i}) + ":" + game.gctVirusPos[static_cast<size_t>(i)].Text();
     }
     list += " }";
-    dbg.DebugWrite(Trace("PlaceVirus").Var("gnVirusMax", gnVirusMax).Var("gctVirusPos", list));
+    dbg.DebugWrite(Trace("PlaceVirus").Var("gnVirusMax", game.gnVirusMax).Var("gctVirusPos", list));
   }
 }
 
 void Game::VirusTurn() {
   if (dbg.On())
-    dbg.DebugWrite(Trace("VirusTurn").Var("gbEndSite", gbEndSite).Var("gbWaitOn", gbWaitOn).Var("gbLinkOn", gbLinkOn));
-  if (!gbEndSite) VirusPhase();
+    dbg.DebugWrite(Trace("VirusTurn").Var("gbEndSite", game.gbEndSite).Var("gbWaitOn", game.gbWaitOn).Var("gbLinkOn", game.gbLinkOn));
+  if (!game.gbEndSite) VirusPhase();
   // Nightmare: the viruses move twice for each command, but not after a link.
-  if (Diff() == 4 && !gbEndSite && !gbLinkOn) {
+  if (Level().bTwice && !game.gbEndSite && !game.gbLinkOn) {
     frmMain.Refresh();
     shell.SleepTurn(300);
     LagDown();
     VirusPhase();
   }
   // Wait: the viruses keep moving until the site ends.
-  while (!gbEndSite && gbWaitOn) {
+  while (!game.gbEndSite && game.gbWaitOn) {
     frmMain.Refresh();
     shell.SleepTurn(200);
     LagDown();
@@ -60,27 +63,27 @@ void Game::VirusPhase() {
   MoveVirus();
   CheckVirusCrash();
   CheckVirusInfected();
-  const int16_t n = CheckVirus(gctPlayerPos, 0);
+  const int16_t n = CheckVirus(game.gctPlayerPos, 0);
   DrawViruses();
   if (dbg.On()) {
     dbg.DebugWrite(Trace("VirusPhase")
-                       .Var("gnVirusLive", gnVirusLive)
-                       .Var("gnInfectedCount", gnInfectedCount)
+                       .Var("gnVirusLive", game.gnVirusLive)
+                       .Var("gnInfectedCount", game.gnInfectedCount)
                        .Var("gctVirusPos - index", n));
   }
   if (n != 0) {
-    PlayerDead(gbWaitOn ? kSleepingMouse : kVirusReachedMouse);
+    PlayerDead(game.gbWaitOn ? kSleepingMouse : kVirusReachedMouse);
   } else {
     score.WriteScoreMesg();
   }
 }
 
 void Game::MoveVirus() {
-  const int16_t px = gctPlayerPos.nCol;
-  const int16_t py = gctPlayerPos.nRow;
-  const int16_t nLive = gnVirusLive;  // the bound is read once
+  const int16_t px = game.gctPlayerPos.nCol;
+  const int16_t py = game.gctPlayerPos.nRow;
+  const int16_t nLive = game.gnVirusLive;  // the bound is read once
   for (int16_t i = 1; i <= nLive; ++i) {
-    CoordPair& v = gctVirusPos[static_cast<size_t>(i)];
+    CoordPair& v = game.gctVirusPos[static_cast<size_t>(i)];
     const bool up = py < v.nRow;
     const bool down = py > v.nRow;
     const bool right = v.nCol < px;
@@ -95,19 +98,19 @@ void Game::MoveVirus() {
     }
     CoordPair ct = v;
     MoveNumDir(ct, nDir);
-    if (CanVirusEnter(ct, 0)) gctVirusPos[static_cast<size_t>(i)] = ct;
+    if (CanVirusEnter(ct, 0)) game.gctVirusPos[static_cast<size_t>(i)] = ct;
   }
   if (dbg.On())
-    dbg.DebugWrite(Trace("MoveVirus").Var("gnVirusLive", gnVirusLive).Var("gctPlayerPos", gctPlayerPos.Text()));
+    dbg.DebugWrite(Trace("MoveVirus").Var("gnVirusLive", game.gnVirusLive).Var("gctPlayerPos", game.gctPlayerPos.Text()));
 }
 
 void Game::CheckVirusCrash() {
   bool bFirst = true;
   int16_t i = 1;
-  while (i <= gnVirusLive) {
-    const CoordPair ct = gctVirusPos[static_cast<size_t>(i)];
+  while (i <= game.gnVirusLive) {
+    const CoordPair ct = game.gctVirusPos[static_cast<size_t>(i)];
     // A virus that reaches the mouse never crashes: it kills.
-    if (ct == gctPlayerPos) {
+    if (ct == game.gctPlayerPos) {
       ++i;
       continue;
     }
@@ -116,17 +119,17 @@ void Game::CheckVirusCrash() {
       ++i;
       continue;
     }
-    gnInfectedCount = Add16(gnInfectedCount, 1);
-    gctInfectedPos.resize(static_cast<size_t>(gnInfectedCount) + 1);
-    gctInfectedPos[static_cast<size_t>(gnInfectedCount)] = ct;
+    game.gnInfectedCount = Add16(game.gnInfectedCount, 1);
+    game.gctInfectedPos.resize(static_cast<size_t>(game.gnInfectedCount) + 1);
+    game.gctInfectedPos[static_cast<size_t>(game.gnInfectedCount)] = ct;
     DrawCell(ct, Picture::Infected);
     if (dbg.On()) {
       dbg.DebugWrite(Trace("CheckVirusCrash")
                          .Begin(bFirst)
                          .Var("bCrash (virus indexes)",
                               "-1 (" + NumText(int64_t{i}) + " & " + NumText(int64_t{j}) + ")")
-                         .Var("gnInfectedCount", gnInfectedCount)
-                         .Var("gnInfectedPos(" + NumText(int64_t{gnInfectedCount}) + ")", ct.Text())
+                         .Var("gnInfectedCount", game.gnInfectedCount)
+                         .Var("gnInfectedPos(" + NumText(int64_t{game.gnInfectedCount}) + ")", ct.Text())
                          .Note("Start flag is being used to mark multiple crashes in same function call"));
     }
     bFirst = false;
@@ -139,8 +142,8 @@ void Game::CheckVirusCrash() {
 void Game::CheckVirusInfected() {
   bool bFirst = true;
   int16_t i = 1;
-  while (i <= gnVirusLive) {
-    const int16_t n = CheckInfected(gctVirusPos[static_cast<size_t>(i)]);
+  while (i <= game.gnVirusLive) {
+    const int16_t n = CheckInfected(game.gctVirusPos[static_cast<size_t>(i)]);
     if (n == 0) {
       ++i;
       continue;
@@ -159,19 +162,19 @@ void Game::CheckVirusInfected() {
 
 void Game::KillVirus(int16_t nVirus, int16_t nEvent) {
   try {
-    for (int16_t k = nVirus; k <= gnVirusLive - 1; ++k)
-      gctVirusPos[static_cast<size_t>(k)] = gctVirusPos[static_cast<size_t>(k) + 1];
-    gnVirusLive = Sub16(gnVirusLive, 1);
-    gctVirusPos.resize(static_cast<size_t>(gnVirusLive) + 1);
-    frmMain.SetCaption(Label::lblVirus, NumText(int64_t{gnVirusLive}));
+    for (int16_t k = nVirus; k <= game.gnVirusLive - 1; ++k)
+      game.gctVirusPos[static_cast<size_t>(k)] = game.gctVirusPos[static_cast<size_t>(k) + 1];
+    game.gnVirusLive = Sub16(game.gnVirusLive, 1);
+    game.gctVirusPos.resize(static_cast<size_t>(game.gnVirusLive) + 1);
+    ShowVirusCount();
     if (dbg.On())
-      dbg.DebugWrite(Trace("KillVirus").In("nVirus", nVirus).In("nEvent", nEvent).Var("gnVirusLive", gnVirusLive));
+      dbg.DebugWrite(Trace("KillVirus").In("nVirus", nVirus).In("nEvent", nEvent).Var("gnVirusLive", game.gnVirusLive));
     score.AddPoints(nEvent);
   } catch (const RuntimeError& err) {
     shell.ReportError("KillVirus", err);
   }
   // The last virus gone ends the site, whatever the score did.
-  if (gnVirusLive == 0) NewSite();
+  if (game.gnVirusLive == 0) NewSite();
 }
 
 }  // namespace sw

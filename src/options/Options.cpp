@@ -2,7 +2,6 @@
 
 #include "runtime/Checked.h"
 #include "runtime/RuntimeError.h"
-#include "game/Skitterweb.h"
 
 namespace sw {
 
@@ -44,7 +43,7 @@ const ControlProfile kBuiltInProfiles[4] = {
      K('/'), K('.'), K('6'), K('7'), K('8'), K('9'), K('0'), K('-'), K('p')},
 };
 
-Options::Options(Skitterweb& sw) : dbg(sw.dbg), shell(sw.shell), frmMain(sw.frmMain) { ResetToGuest(); }
+Options::Options() { ResetToGuest(); }
 
 OptionProfile& Options::Current() {
   const int32_t i = CLng(gnOpt);

@@ -1,16 +1,11 @@
 #pragma once
-// Per-player option profiles, their control profiles (named key maps) and the
-// options file "sw.opt".
+// Per-player option profiles and their control profiles (named key maps).
 #include <cstdint>
 #include <string>
 #include <vector>
 
 namespace sw {
 
-class Skitterweb;
-class DebugLog;
-class Shell;
-class IMainWindow;
 
 // One named key map: one character code per command, 0 for no key.
 struct ControlProfile {
@@ -67,7 +62,7 @@ extern const ControlProfile kBuiltInProfiles[4];
 
 class Options {
  public:
-  explicit Options(Skitterweb& sw);
+  Options();
 
   std::vector<OptionProfile> gopOpts;  // lower bound 0; record 0 is the guest
   double gnOpt = 0;                    // the current player: a loosely typed number
@@ -91,17 +86,8 @@ class Options {
   // Start-up: gnOpt = 0, gnOptMax = 0, one guest record with the defaults.
   void ResetToGuest();
 
-  // The options file.
+  // The options file (read and written by OptionsFile).
   static constexpr const char* kFileName = "sw.opt";
-  void LoadOptions();
-  void SaveOptions();
-  // The text SaveOptions writes.
-  std::string OptionsText() const;
-
- private:
-  DebugLog& dbg;
-  Shell& shell;
-  IMainWindow& frmMain;
 };
 
 }  // namespace sw

@@ -9,7 +9,9 @@
 #include "debuglog/DebugLog.h"
 #include "game/MainWindow.h"
 #include "game/Shell.h"
+#include "debuglog/DebugSession.h"
 #include "options/Options.h"
+#include "options/OptionsFile.h"
 #include "runtime/Checked.h"
 #include "runtime/Files.h"
 #include "runtime/NumText.h"
@@ -54,25 +56,28 @@ int16_t UpperBound(const std::vector<ControlProfile>& cp) {
 
 }  // namespace
 
-void Options::LoadOptions() {
+OptionsFile::OptionsFile(Options& opts, DebugLog& dbg, DebugSession& session, Shell& shell, IMainWindow& frmMain)
+    : opts(opts), dbg(dbg), session(session), shell(shell), frmMain(frmMain) {}
+
+void OptionsFile::LoadOptions() {
   // Any failure ends reading at once: the message, then everything loaded is discarded.
   auto recover = [this](const RuntimeError& err) {
-    const std::string text = std::string("Error opening the options file (") + kFileName +
+    const std::string text = std::string("Error opening the options file (") + Options::kFileName +
                              ").  Default game option profile will be used." + "\n\n" + "Error (" +
                              NumText(int64_t{err.Number()}) + "): " + err.Description();
     // The message box plays its sound by the current player's settings; when that
     // player was never loaded, the guest's settings stand in.
     try {
-      (void)Current();
+      (void)opts.Current();
     } catch (const RuntimeError&) {
-      ResetToGuest();
+      opts.ResetToGuest();
     }
     shell.ShowMsg(text, 0, "Error: LoadOptions", "powerup2.mp3");
-    ResetToGuest();
+    opts.ResetToGuest();
   };
 
   try {
-    ListReader in(ReadDataFile(kFileName));
+    ListReader in(ReadDataFile(Options::kFileName));
     int64_t nRec = 0;  // R: the current record
     int16_t nCP = 0;   // P: the current control profile; not reset when R changes
 
@@ -84,19 +89,19 @@ void Options::LoadOptions() {
       const double number = value.Number();
       const int16_t flag = (value.IsNumeric() && number != 0.0) ? -1 : 0;
       auto integer = [&] { return CInt(number); };
-      auto record = [&]() -> OptionProfile& { return At(gopOpts, nRec); };
+      auto record = [&]() -> OptionProfile& { return At(opts.gopOpts, nRec); };
       auto profile = [&]() -> ControlProfile& { return At(record().cpProfile, nCP); };
 
       if (key == "Version") {
       } else if (key == "LastOption") {
-        gnOpt = number;
+        opts.gnOpt = number;
       } else if (key == "OptionNum") {
         nRec = integer();
-        if (nRec > gnOptMax) {
+        if (nRec > opts.gnOptMax) {
           // Records skipped by a gap stay blank; the new last one gets the defaults.
-          gopOpts.resize(static_cast<size_t>(nRec) + 1);
-          gnOptMax = static_cast<int16_t>(nRec);
-          InitOptionProfile(gopOpts[static_cast<size_t>(nRec)]);
+          opts.gopOpts.resize(static_cast<size_t>(nRec) + 1);
+          opts.gnOptMax = static_cast<int16_t>(nRec);
+          opts.InitOptionProfile(opts.gopOpts[static_cast<size_t>(nRec)]);
         }
       } else if (key == "UserName") {
         record().szUserName = value.text;
@@ -135,9 +140,9 @@ void Options::LoadOptions() {
     }
 
     // The current player may not exist at all: that too ends in the recovery.
-    if (Current().bDebug) {
-      dbg.DebugOpen(false, true);
-      if (!Current().bDebug) {
+    if (opts.Current().bDebug) {
+      session.DebugOpen(false, true);
+      if (!opts.Current().bDebug) {
         shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
                       "Error: DebugOpen", "powerup2.mp3");
         return;
@@ -145,7 +150,7 @@ void Options::LoadOptions() {
       frmMain.SetMenuChecked(Menu::menUseDL, true);
       frmMain.SetMenuEnabled(Menu::menClearDL, true);
       frmMain.SetMenuEnabled(Menu::menMarkDL, true);
-      dbg.DebugWrite(Trace("LoadOptions").Var("gnOpt", gnOpt).Var("gnOptMax", gnOptMax));
+      dbg.DebugWrite(Trace("LoadOptions").Var("gnOpt", opts.gnOpt).Var("gnOptMax", opts.gnOptMax));
     }
   } catch (const RuntimeError& err) {
     recover(err);
@@ -154,18 +159,18 @@ void Options::LoadOptions() {
   }
 }
 
-std::string Options::OptionsText() const {
+std::string OptionsFile::OptionsText() const {
   std::string out;
   out += WriteListLine({"Version", "1.14"});
-  out += WriteListLine({"LastOption", Str(gnOpt)});
-  for (size_t i = 1; i < gopOpts.size(); ++i) {
-    const OptionProfile& op = gopOpts[i];
+  out += WriteListLine({"LastOption", Str(opts.gnOpt)});
+  for (size_t i = 1; i < opts.gopOpts.size(); ++i) {
+    const OptionProfile& op = opts.gopOpts[i];
     out += WriteListLine({"OptionNum", static_cast<int64_t>(i)});
     out += WriteListLine({"UserName", op.szUserName});
     out += WriteListLine({"Password", op.szPassword});
     out += WriteListLine({"ControlProfileNum", op.nProfile});
     // Every record carries the current player's profile name.
-    out += WriteListLine({"ControlProfileName", Current().szProfile});
+    out += WriteListLine({"ControlProfileName", opts.Current().szProfile});
     for (size_t j = 5; j < op.cpProfile.size(); ++j) {
       const ControlProfile& cp = op.cpProfile[j];
       out += WriteListLine({"ControlProfileBegin", static_cast<int64_t>(j)});
@@ -184,12 +189,12 @@ std::string Options::OptionsText() const {
   return out;
 }
 
-void Options::SaveOptions() {
+void OptionsFile::SaveOptions() {
   if (dbg.On()) {
     dbg.DebugWrite(
-        Trace("SaveOptions").Var("gnOpt", gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(gopOpts.size()) - 1));
+        Trace("SaveOptions").Var("gnOpt", opts.gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(opts.gopOpts.size()) - 1));
   }
-  WriteFileAtomic(kFileName, OptionsText());
+  WriteFileAtomic(Options::kFileName, OptionsText());
 }
 
 }  // namespace sw

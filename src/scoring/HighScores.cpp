@@ -2,13 +2,17 @@
 // entering the game into the places earned.
 #include "scoring/HighScores.h"
 
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "game/GameState.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+#include "scoring/Score.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
 
-HighScores::HighScores(Skitterweb& sw)
-    : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), game(sw.game), score(sw.score) {}
+HighScores::HighScores(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score)
+    : opts(opts), dbg(dbg), shell(shell), game(game), score(score) {}
 
 void HighScores::ClearAll() {
   for (auto& type : gwHighScores)

@@ -7,11 +7,10 @@
 
 namespace sw {
 
-class Skitterweb;
 class Options;
 class DebugLog;
 class Shell;
-class Game;
+struct GameState;
 class Score;
 
 struct WebmasterEntry {
@@ -29,7 +28,7 @@ class HighScores {
   static constexpr const char* kTempName = "SWhscore.tmp";
   static constexpr const char* kKey = "tinfoil";
 
-  explicit HighScores(Skitterweb& sw);
+  HighScores(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score);
 
   // [list type 0..1][difficulty 1..4][slot 1..10]; index 0 of difficulty and slot unused.
   WebmasterEntry gwHighScores[2][5][11];
@@ -57,7 +56,7 @@ class HighScores {
   Options& opts;
   DebugLog& dbg;
   Shell& shell;
-  Game& game;
+  GameState& game;
   Score& score;
 };
 

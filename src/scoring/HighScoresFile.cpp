@@ -4,7 +4,11 @@
 
 #include "debuglog/DebugLog.h"
 #include "game/Shell.h"
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "game/GameState.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+#include "scoring/Score.h"
 #include "runtime/Checked.h"
 #include "runtime/Files.h"
 #include "runtime/NumText.h"

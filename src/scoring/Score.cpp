@@ -1,20 +1,40 @@
 // Score events, site bonuses, extra reconnects and the queue of score messages.
 #include "scoring/Score.h"
 
-#include "game/Skitterweb.h"
+#include "debuglog/DebugLog.h"
+#include "game/Difficulty.h"
+#include "game/GameState.h"
+#include "game/MainWindow.h"
+#include "game/Shell.h"
+#include "options/Options.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
 
 namespace sw {
 
-Score::Score(Skitterweb& sw) : opts(sw.opts), dbg(sw.dbg), shell(sw.shell), game(sw.game), frmMain(sw.frmMain) {}
+Score::Score(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, IMainWindow& frmMain)
+    : opts(opts), dbg(dbg), shell(shell), game(game), frmMain(frmMain) {
+  InitTables();
+}
 
-void Score::InitScore() {
-  glScoreMod = {0, 1, 5, 25, 150};
-  glExtraLifeBonus = {0, 2000, 10000, 25000, 60000};
+void Score::InitTables() {
+  for (size_t d = 1; d <= 4; ++d) {
+    glScoreMod[d] = kDifficulties[d].nScoreMod;
+    glExtraLifeBonus[d] = kDifficulties[d].lExtraLifeBonus;
+  }
+  glBasePoints = {0, 3, 20, 1, 2, 25, 45, 5, 1};
   gnScoreMesgNum = 0;
   gsmScoreMesg.assign(1, ScoreMesg{});
-  glBasePoints = {0, 3, 20, 1, 2, 25, 45, 5, 1};
+  try {
+    for (size_t i = 1; i <= 8; ++i)
+      glPoints[i] = Mul32(glScoreMod[static_cast<size_t>(opts.CheckedDiff())], glBasePoints[i]);
+  } catch (const RuntimeError&) {
+    // No such difficulty yet: the points follow when one is chosen.
+  }
+}
+
+void Score::InitScore() {
+  InitTables();
   game.gbScoreNoLinkSite = -1;
   game.gnMoveCount = 0;
   if (dbg.On()) dbg.DebugWrite(Trace("InitScore").Var("gnScoreMesgNum", gnScoreMesgNum));

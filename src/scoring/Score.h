@@ -7,11 +7,10 @@
 
 namespace sw {
 
-class Skitterweb;
 class Options;
 class DebugLog;
 class Shell;
-class Game;
+struct GameState;
 class IMainWindow;
 
 // One queued score message.
@@ -24,7 +23,8 @@ struct ScoreMesg {
 
 class Score {
  public:
-  explicit Score(Skitterweb& sw);
+  // The tables are ready as soon as the score module is built.
+  Score(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, IMainWindow& frmMain);
 
   int32_t glScore = 0;
   std::array<int32_t, 9> glPoints{};           // events 1 to 8
@@ -35,6 +35,7 @@ class Score {
   int16_t gnScoreMesgNum = 0;
   std::vector<ScoreMesg> gsmScoreMesg{ScoreMesg{}};  // 1 to gnScoreMesgNum; slot 0 unused
 
+  // Sets up the tables, resets the site's scoring flags and the message queue.
   void InitScore();
   void SetPoints();
   void AddPoints(int16_t nEvent);
@@ -43,10 +44,13 @@ class Score {
   void WriteScoreMesg();
 
  private:
+  // The per-difficulty and per-event tables.
+  void InitTables();
+
   Options& opts;
   DebugLog& dbg;
   Shell& shell;
-  Game& game;
+  GameState& game;
   IMainWindow& frmMain;
 };
 

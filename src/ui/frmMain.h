@@ -10,12 +10,13 @@
 #include <memory>
 
 #include "game/MainWindow.h"
-#include "game/Skitterweb.h"
+#include "Skitterweb.h"
 #include "ui/MapGrid.h"
 #include "ui/Sound.h"
 #include "ui/Twips.h"
 
 class QAction;
+class QKeyEvent;
 class QFrame;
 class QLabel;
 class QMenu;
@@ -28,50 +29,27 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   Q_OBJECT
 
  public:
-  // Geometry, in twips.
-  static constexpr int32_t kCellTwips = 499;
-  static constexpr int32_t kMinWidth = 9555;
-  static constexpr int32_t kFrameHeight = 610;
-  static constexpr int32_t kInfoBarHeight = 1260;
-  static constexpr int32_t kCellGridOn = 480;
-  static constexpr int32_t kCellGridOff = 490;
-
   explicit frmMain(QWidget* parent = nullptr);
   ~frmMain() override;
 
-  // ---- the window's events
+  // ---- the window's events; the menus' clicks go to sw.menu
   void Form_Load();
-  void Form_KeyDown(int KeyCode, int Shift);
+  void Form_KeyDown();
   void Form_MouseMove();
-  void Form_Unload();
-  void lblDiff_MouseDown(int Button);
-  void lblDiffT_MouseDown(int Button);
-  void lblVirus_Change();
-
-  // ---- menu commands
-  void menNewGame_Click();
-  void menQuit_Click();
-  void menSound_Click();
-  void menGrid_Click();
-  void menDiffLevel_Click(int16_t Index);
-  void menStartSiteNum_Click(int16_t Index);
-  void menUseDL_Click();
-  void menClearDL_Click();
-  void menAbout_Click();
-  void menCredits_Click();
+  // The character a key press types: its text, or for the number pad with
+  // Num Lock off the digit its key carries; 0 when it types none.
+  static int16_t KeyAsciiOf(const QKeyEvent& e);
 
   // ---- IMainWindow
   void SetCellPicture(int16_t nCol, int16_t nRow, sw::Picture pic) override;
   void Refresh() override;
-  void SetSize() override;
-  void SetGrid() override;
+  void SetWindowSize(int32_t widthTw, int32_t heightTw, int32_t infoBarWidthTw) override;
+  void SetGridLayout(int16_t cols, int16_t rows, int32_t widthTw, int32_t heightTw, int16_t cellTw,
+                     bool bLines) override;
   void SetCaption(sw::Label lbl, const std::string& text) override;
   void SetLabelColors(sw::Label lbl, uint32_t backColor, uint32_t foreColor) override;
-  uint32_t LagBarColor() const override;
-  int32_t LagBarMax() const override;
-  void SetLagBarColor(uint32_t barColor) override;
-  void SetLagBarValue(int32_t value) override;
-  void SetLagBarRange(int32_t min, int32_t max) override;
+  void SetLabelForeColor(sw::Label lbl, uint32_t foreColor) override;
+  void ShowLagBar(const sw::ProgBarState& bar) override;
   int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override;
   void SoundCommand(const std::string& command) override;
@@ -80,16 +58,16 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void DoEvents() override;
   void SetMenuChecked(sw::Menu item, bool checked) override;
   void SetMenuEnabled(sw::Menu item, bool enabled) override;
+  void EndProgram() override;
 
-  // ---- colours: &HBBGGRR values and Qt colours
+  // &HBBGGRR values and system colours as Qt colours.
   static QColor ToQColor(uint32_t bgr);
-  static uint32_t FromQColor(const QColor& c);
 
   QLabel* Caption(sw::Label lbl) const;
   QAction* MenuAction(sw::Menu item) const;
   sw::Pointer CurrentPointer() const { return pointer_; }
   const Twips& twips() const { return tw_; }
-  // frmMain.Width and frmMain.Height as SetSize last worked them out (twips).
+  // frmMain.Width and frmMain.Height as SetSize last gave them (twips).
   int32_t WidthTwips() const { return widthTw_; }
   int32_t HeightTwips() const { return heightTw_; }
   // True once the Quit command has ended the program.
@@ -143,14 +121,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
  private:
   void BuildMenus();
   void BuildInfoBar();
-  void ApplyGeometry(int32_t windowWidth, int32_t infoBarWidth);
+  void PlaceGrid();
   QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip);
   void SetLabelText(QLabel* label, const QString& text);
-  // Runs a command with the guard of a timed pause or Wait in force.
-  bool Refused();
-  // Hands the current score to the webmaster lists while a game is in progress.
-  void RecordGame();
-  void ShowHighScoreLabel();
 
   Twips tw_;
   PictureSet pictures_;
@@ -160,7 +133,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   QWidget* central_ = nullptr;
   int32_t widthTw_ = 0;
   int32_t heightTw_ = 0;
-  int32_t infoBarWidthTw_ = 0;
+  int32_t gridWidthTw_ = 0;
+  int32_t gridHeightTw_ = 0;
   bool quitting_ = false;
   std::map<sw::Label, QLabel*> labels_;
 };

@@ -76,8 +76,8 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   App a;
   DebugLog& dbg = a.sw.dbg;
   a.sw.opts.Current().bDebug = -1;
-  dbg.dumpState = [](DebugLog& d) { d.Print("DUMP"); };
-  dbg.DebugOpen(true, true);
+  dbg.dumpState = [&dbg] { dbg.Print("DUMP"); };
+  a.sw.session.DebugOpen(true, true);
   TraceRecord r{
       .szProc = "PlaySound", .szInName = {"szFileName", "", ""}, .vInValue = {"comp-dead.mp3", Value(), Value()}};
   dbg.DebugWrite(r);
@@ -102,25 +102,25 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
 
   // Opening appends; closing asks whether to keep the log; clearing leaves the header.
   for (const char* run : {"run 1", "run 2"}) {
-    dbg.DebugOpen(false, true);
+    a.sw.session.DebugOpen(false, true);
     dbg.Print(run);
     dbg.DebugExit();
   }
   const std::string two = Slurp(DebugLog::kFileName);
   EXPECT_LT(two.find("run 1"), two.find("run 2"));
   a.w.answers = {6};
-  dbg.DebugClose();  // kept
+  a.sw.session.DebugClose();  // kept
   EXPECT_EQ(Slurp(DebugLog::kFileName), two);
-  dbg.DebugOpen(false, true);
-  dbg.DebugClear();
+  a.sw.session.DebugOpen(false, true);
+  a.sw.session.DebugClear();
   dbg.DebugExit();
   const std::string cleared = Slurp(DebugLog::kFileName);
   EXPECT_EQ(cleared.rfind(kBars + "| SKITTERWEB\r\n", 0), 0u);
   EXPECT_EQ(AfterHeader(cleared).rfind("| Log cleared\r\n" + kBars + kStars + "Games played=", 0), 0u);
   a.w.answers = {7, 7};
-  dbg.DebugClose();
+  a.sw.session.DebugClose();
   EXPECT_FALSE(std::filesystem::exists(DebugLog::kFileName));
-  dbg.DebugClose();  // already gone: asked again, nothing reported
+  a.sw.session.DebugClose();  // already gone: asked again, nothing reported
   const std::string ask = "Close Log File: Would you like to save the existing log file?";
   EXPECT_EQ(Shown(a.w), (std::vector<std::string>{ask, ask, ask}));
   EXPECT_EQ(a.w.messages.at(0).nButtons, 4);
@@ -132,7 +132,7 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   for (bool quiet : {true, false}) {
     a.sw.opts.Current().bDebug = -1;
     a.w.checked[Menu::menUseDL] = true;
-    dbg.DebugOpen(!quiet, quiet);
+    a.sw.session.DebugOpen(!quiet, quiet);
     EXPECT_FALSE(dbg.IsOpen() || a.sw.opts.Current().bDebug || a.w.checked[Menu::menUseDL]);
     EXPECT_EQ(a.w.messages.size(), quiet ? 0u : 1u);
   }
@@ -146,11 +146,11 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   Board b;
   b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
   b.sw.opts.Current().bDebug = -1;
-  b.sw.dbg.DebugOpen(true, true);
+  b.sw.session.DebugOpen(true, true);
   b.Key('8');
   b.Key('z');
   b.g.gnGameNum = 49;
-  b.g.StartGame();  // the 50th game closes and reopens the log for appending
+  b.eng.StartGame();  // the 50th game closes and reopens the log for appending
   b.sw.dbg.DebugExit();
   const std::vector<std::string> lines = LogLines();
   const size_t entry = IndexOf(lines, "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]");

@@ -17,7 +17,8 @@ inline CoordPair At(int c, int r) { return CoordPair{static_cast<int16_t>(c), st
 using Cells = std::vector<CoordPair>;
 
 struct Board : App {
-  Game& g = sw.game;
+  GameState& g = sw.game;
+  Game& eng = sw.engine;
   Score& sc = sw.score;
 
   // Sound off, so that the only pauses recorded are the game's own; a fixed seed.
@@ -26,27 +27,28 @@ struct Board : App {
     sw.opts.Current().bSound = 0;
     sc.InitScore();
     g.bSeedFromTimer = false;
+    g.pbrNetLag.Max = 13;  // the range start-up gives the lag bar
     sw.rnd.Randomize(seed);
-    g.StartGame();
+    eng.StartGame();
     w.messages.clear();
     w.sleeps.clear();
   }
 
   // Empties the map and puts the objects on a fresh site: no moves, no link, lag in blue.
   void Set(CoordPair mouse, const Cells& viruses, const Cells& infected = {}) {
-    g.ResetObjects();
+    eng.ResetObjects();
     g.gctPlayerPos = mouse;
-    g.DrawCell(mouse, Picture::Player5);
+    eng.DrawCell(mouse, Picture::Player5);
     g.gctVirusPos.assign(1, CoordPair{-1, -1});
     g.gctVirusPos.insert(g.gctVirusPos.end(), viruses.begin(), viruses.end());
     g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
     g.gctInfectedPos.assign(1, CoordPair{-1, -1});
     for (const CoordPair& c : infected) {
       g.gctInfectedPos.push_back(c);
-      g.DrawCell(c, Picture::Infected);
+      eng.DrawCell(c, Picture::Infected);
     }
     g.gnInfectedCount = static_cast<int16_t>(infected.size());
-    g.DrawViruses();
+    eng.DrawViruses();
     w.captions[Label::lblVirus] = std::to_string(viruses.size());
     g.gbScoreNoLinkSite = g.gbEndSite = -1;
     g.gnMoveCount = g.gbWaitOn = 0;
@@ -63,7 +65,7 @@ struct Board : App {
   }
 
   // Types one character of the default number-pad profile.
-  void Key(char c) { g.Form_KeyPress(static_cast<int16_t>(c)); }
+  void Key(char c) { eng.Form_KeyPress(static_cast<int16_t>(c)); }
   Cells Viruses() const {  // the live ones; never beyond the list, whatever the count says
     Cells v(g.gctVirusPos.begin() + (g.gctVirusPos.empty() ? 0 : 1), g.gctVirusPos.end());
     v.resize(std::min(v.size(), static_cast<size_t>(std::max<int>(g.gnVirusLive, 0))));
@@ -73,7 +75,7 @@ struct Board : App {
 
   // What holds after every turn of a game in progress: the first rule broken, or "".
   std::string Broken() const {
-    if (!g.IsOnMap(g.gctPlayerPos)) return "mouse off the map";
+    if (!eng.IsOnMap(g.gctPlayerPos)) return "mouse off the map";
     if (g.gnVirusLive < 1 || g.gnVirusLive > 30) return "virus count";
     if (g.gctVirusPos.size() != size_t(g.gnVirusLive) + 1 || g.gctInfectedPos.size() != size_t(g.gnInfectedCount) + 1)
       return "list sizes";
@@ -81,7 +83,7 @@ struct Board : App {
     for (const CoordPair& v : Viruses()) {
       // Crashes and infections are resolved, and a virus on the mouse ends the site.
       if (!cells.insert({v.nCol, v.nRow}).second) return "two viruses on " + v.Text();
-      if (v == g.gctPlayerPos || g.CheckInfected(v) || w.At(v.nCol, v.nRow) != Picture::Virus)
+      if (v == g.gctPlayerPos || eng.CheckInfected(v) || w.At(v.nCol, v.nRow) != Picture::Virus)
         return "virus " + v.Text();
     }
     if (w.Count(Picture::Virus) != g.gnVirusLive) return "viruses drawn";

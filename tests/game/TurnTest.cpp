@@ -19,7 +19,7 @@ int Distance(CoordPair a, CoordPair b) { return std::max(std::abs(a.nCol - b.nCo
 void ExpectFreshSite(const Board& b, int n) {
   EXPECT_EQ(b.Broken(), "");
   EXPECT_EQ(b.w.At(b.g.gctPlayerPos.nCol, b.g.gctPlayerPos.nRow), Picture::Player5);
-  const Game& g = b.g;
+  const GameState& g = b.g;
   EXPECT_EQ(std::vector<int>({g.gnVirusLive, g.gnVirusMax, g.gnInfectedCount, g.gbEndSite, g.gbWaitOn, g.gnMoveCount,
                               g.gbScoreNoLinkSite, g.gbScoreMinLag}),
             std::vector<int>({n, n, 0, -1, 0, 0, -1, 1}));
@@ -32,32 +32,33 @@ TEST(StartTest, NewGameResetsTheCountersAndLaysOutTheFirstSite) {
   b.sc.glScore = 999;
   b.g.gnReconnects = 0;
   const int16_t games = b.g.gnGameNum;
-  b.g.StartGame();
+  b.eng.StartGame();
   EXPECT_EQ(b.g.gnGameNum, games + 1);
   EXPECT_EQ(std::vector<int>({b.g.gbGameOn, b.g.gnSitesHit, b.g.gnReconnects, b.sc.glScore, b.sc.glNextExtraLife}),
             std::vector<int>({-1, 0, 2, 0, 10000}));
   EXPECT_EQ(b.Caption(Label::lblHighScore), "1,234,567");
   ExpectFreshSite(b, 7);
   b.g.gbGameInit = -1;  // nothing starts while the board is only being prepared
-  b.g.StartGame();
+  b.eng.StartGame();
   EXPECT_EQ(b.g.gnGameNum, games + 1);
 
   for (int16_t site : {0, 1, 22, 23, 40}) {  // 7 viruses more than the sites hit, at most 30
     Board s;
     s.sw.opts.Current().nStartSite = site;
-    s.g.StartGame();
+    s.eng.StartGame();
     EXPECT_EQ(s.g.gnSitesHit, site);
     ExpectFreshSite(s, std::min(site + 7, 30));
   }
   // The lag display is reset, except on easy, which has no lag.
   for (int16_t diff : {1, 2}) {
     Board l(diff);
-    l.g.gnLag = l.w.barValue = 9;
-    l.w.barColor = color::Red;
+    l.g.gnLag = l.g.pbrNetLag.Value = 9;
+    l.g.pbrNetLag.BarColor = color::Red;
+    l.w.bar = l.g.pbrNetLag;
     l.w.labelColors.clear();
-    l.g.StartGame();
-    EXPECT_EQ(std::vector<int>({l.g.gnLag, l.w.barValue}), std::vector<int>(2, diff == 1 ? 9 : 0));
-    EXPECT_EQ(l.w.barColor, diff == 1 ? color::Red : color::Blue);
+    l.eng.StartGame();
+    EXPECT_EQ(std::vector<int>({l.g.gnLag, l.w.bar.Value}), std::vector<int>(2, diff == 1 ? 9 : 0));
+    EXPECT_EQ(l.w.bar.BarColor, diff == 1 ? color::Red : color::Blue);
     EXPECT_EQ(l.w.labelColors.size(), diff == 1 ? 0u : 1u);
   }
 }
@@ -94,10 +95,10 @@ TEST(CommandsTest, EachKeyAndWhatItCosts) {
 TEST(CommandsTest, SleepingAndDoubleBoundKeys) {
   Board b;
   b.Set(At(5, 5), {kFar});
-  b.sw.shell.gbSleepOn = -1;  // nothing at all during a timed pause
+  b.sw.game.gbSleepOn = -1;  // nothing at all during a timed pause
   b.Key('8');
   EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
-  b.sw.shell.gbSleepOn = 0;
+  b.sw.game.gbSleepOn = 0;
   // A key bound to two commands runs the earlier one in profile order; Link before the dedicated line.
   ControlProfile& cp = b.sw.opts.Current().cpProfile[1];
   cp.CPMoveLeft = cp.CPMoveUp = 'x';
@@ -131,10 +132,10 @@ TEST(CommandsTest, LinkNeverLandsWithinOneCellOfItsStart) {
     if (c * 24.0f < 1.0f && probe.Rnd() * 14.0f < 1.0f) break;
   }
   ASSERT_LT(state, 1u << 24);
-  b.g.ResetObjects();
+  b.eng.ResetObjects();
   b.g.gbLinkOn = -1;  // a site laid out from inside a link turn
   b.sw.rnd.SetState(state);
-  b.g.PlacePlayer();
+  b.eng.PlacePlayer();
   EXPECT_EQ(b.g.gctPlayerPos, At(0, 0));
 }
 
@@ -149,29 +150,29 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     Board b;
     b.Set(At(10, 6), {kFar});
     b.g.gnLag = l.lag;
-    b.w.barColor = l.bar;
+    b.g.pbrNetLag.BarColor = l.bar;
     b.Key('+');
     EXPECT_EQ(b.Viruses(), Cells{kFar});  // on normal the jump is a free turn
     EXPECT_TRUE(b.w.sleeps.empty());
     EXPECT_EQ(Lag(b), l.after);
-    EXPECT_EQ(b.w.barColor, l.back);
+    EXPECT_EQ(b.w.bar.BarColor, l.back);
     EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(l.back, l.fore));
     EXPECT_EQ(b.Caption(Label::lblNetLag), l.text);
-    EXPECT_EQ(b.w.barValue, l.value);
+    EXPECT_EQ(b.w.bar.Value, l.value);
   }
   // In the timeout the lag no longer falls and a link is refused: a move counted, the no-link bonus lost.
   Board b;
   b.Set(At(10, 6), {kFar});
   b.g.gnLag = 14;
-  b.w.barColor = color::Black;
+  b.g.pbrNetLag.BarColor = color::Black;
   b.Key('5');
   b.Key('+');
   EXPECT_EQ(b.g.gctPlayerPos, At(10, 6));
   EXPECT_EQ(std::vector<int>({b.g.gnLag, b.g.gnMoveCount, b.g.gbScoreNoLinkSite, b.g.gbLinkOn}),
             std::vector<int>({14, 1, 0, 0}));
-  b.g.InitMap();  // only a new layout of the site clears it
+  b.eng.InitMap();  // only a new layout of the site clears it
   EXPECT_EQ(Lag(b), std::vector<int>({0, 0, 1}));
-  EXPECT_EQ(b.w.barColor, color::Blue);
+  EXPECT_EQ(b.w.bar.BarColor, color::Blue);
 
   // Falling: the tier mark stays at its highest; at 0 nothing changes, not even the colours.
   const struct { std::vector<int> lag; uint32_t color; } falls[] = {
@@ -179,14 +180,14 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
       {{3, 1, 3}, color::Yellow}, {{2, 2, 3}, color::Blue},   {{1, 1, 3}, color::Blue},   {{0, 0, 3}, color::Blue}};
   b.g.gnLag = 8;
   for (const auto& f : falls) {
-    b.g.LagDown();
+    b.eng.LagDown();
     EXPECT_EQ(Lag(b), f.lag);
-    EXPECT_EQ(b.w.barColor, f.color);
+    EXPECT_EQ(b.w.bar.BarColor, f.color);
     EXPECT_EQ(b.Caption(Label::lblNetLag), std::to_string(f.lag[1]));
   }
   EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(color::Blue, color::White));
   b.w.labelColors.clear();
-  b.g.LagDown();
+  b.eng.LagDown();
   EXPECT_EQ(b.g.gnLag, 0);
   EXPECT_TRUE(b.w.labelColors.empty());
 
@@ -195,9 +196,9 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
   e.Key('+');
   EXPECT_EQ(Lag(e), std::vector<int>({0, 0, 1}));
   e.g.gnLag = 5;
-  e.g.LagDown();
+  e.eng.LagDown();
   EXPECT_EQ(e.g.gnLag, 5);
-  e.w.barColor = color::Black;
+  e.g.pbrNetLag.BarColor = color::Black;
   const CoordPair from = e.g.gctPlayerPos;
   e.Key('+');
   EXPECT_NE(e.g.gctPlayerPos, from);

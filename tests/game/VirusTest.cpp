@@ -59,7 +59,7 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     b.Set(At(5, 5), c.viruses, c.infected);
     b.g.gnSitesHit = 3;
     if (c.key) b.Key(c.key);
-    else b.g.PlayerDead(9);
+    else b.eng.PlayerDead(9);
     EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
     EXPECT_EQ(b.w.messages.at(0).nButtons, 0);
     // A reconnect spent, and the same site laid out again.

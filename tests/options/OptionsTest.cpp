@@ -23,7 +23,7 @@ std::string FileText(const std::string& lines) {
 struct Loaded : App {
   explicit Loaded(const std::string& lines) {
     Spit(Options::kFileName, FileText(lines));
-    sw.opts.LoadOptions();
+    sw.optsFile.LoadOptions();
   }
   const OptionProfile& Rec(size_t i) const { return sw.opts.gopOpts.at(i); }
 };
@@ -86,14 +86,14 @@ TEST(OptionsFile, SaveThenLoadRestoresEveryFieldButTheTwoQuirks) {
   o.gnOptMax = 2;
   o.gnOpt = 2;
   const std::vector<OptionProfile> saved = o.gopOpts;
-  o.SaveOptions();
+  a.sw.optsFile.SaveOptions();
   const std::string file = Slurp(Options::kFileName);
   EXPECT_NE(file.find("\"LastOption\",\" 2\"\r\n"), std::string::npos);
   EXPECT_EQ(file.find("Guest"), std::string::npos);       // the guest is never written
   EXPECT_EQ(file.find("Number Pad"), std::string::npos);  // nor the built-in profiles
 
   App b;
-  b.sw.opts.LoadOptions();
+  b.sw.optsFile.LoadOptions();
   EXPECT_TRUE(b.w.messages.empty());
   EXPECT_EQ(b.sw.opts.gnOpt, 2.0);
   EXPECT_EQ(b.sw.opts.gnOptMax, 2);
@@ -113,13 +113,13 @@ TEST(OptionsFile, OnePlayerIsFifteenLinesAndSavedKeysGoInAlphabeticalOrder) {
   AddPlayer(a.sw.opts, "Ann");
   a.sw.opts.gopOpts[1].szPassword = "pw";
   a.sw.opts.gnOpt = 1;
-  a.sw.opts.SaveOptions();
+  a.sw.optsFile.SaveOptions();
   EXPECT_EQ(Slurp(Options::kFileName),
             FileText(R"~("Version","1.14"|"LastOption"," 1"|"OptionNum",1|"UserName","Ann"|"Password","pw"|)~"
                      R"~("ControlProfileNum",1|"ControlProfileName","Number Pad (Default)"|"Debug",0|"Diff",2|)~"
                      R"~("Grid",-1|"Sound",-1|"StartSite",0|"MapSize",3|"DownServers",0|"Safe",0)~"));
   a.sw.opts.gopOpts[1].cpProfile.push_back(NumberedProfile("P", 1));  // CPMoveUp 1 ... CPLink 17
-  EXPECT_NE(a.sw.opts.OptionsText().find(FileText(
+  EXPECT_NE(a.sw.optsFile.OptionsText().find(FileText(
                 R"("ControlProfileBegin",5|"CPName","P"|"CPAntiVirus",11|"CPBackup",13|"CPDedLine",16|"CPLink",17|)"
                 R"("CPMoveDown",5|"CPMoveDownLeft",6|"CPMoveDownRight",4|"CPMoveLeft",7|"CPMoveRight",3|)"
                 R"("CPMoveUp",1|"CPMoveUpLeft",8|"CPMoveUpRight",2|"CPPause",10|"CPReboot",12|"CPRestore",14|)"
@@ -131,7 +131,7 @@ TEST(OptionsFile, ReaderFollowsTheTwoCursors) {
   TempDir dir;
   {
     App a;  // no file at all
-    a.sw.opts.LoadOptions();
+    a.sw.optsFile.LoadOptions();
     ExpectRecovery(a, "53): File not found");
     EXPECT_FALSE(fs::exists(DebugLog::kFileName));
   }
@@ -208,7 +208,7 @@ TEST(OptionsFile, BadLinesAndOverflowsLoseTheWholeFile) {
   // A file far too big for options is refused, not read.
   fs::resize_file(Options::kFileName, 64u * 1024 * 1024);
   App big;
-  big.sw.opts.LoadOptions();
+  big.sw.optsFile.LoadOptions();
   ExpectRecovery(big, "7): Out of memory");
 }
 
@@ -220,7 +220,7 @@ TEST(OptionsFile, DebugFlagOpensTheLogAfterLoading) {
     EXPECT_TRUE(l.w.messages.empty());
     EXPECT_TRUE(l.sw.dbg.IsOpen() && l.w.checked[Menu::menUseDL] && l.w.enabled[Menu::menClearDL] &&
                 l.w.enabled[Menu::menMarkDL]);
-    l.sw.opts.SaveOptions();
+    l.sw.optsFile.SaveOptions();
     l.sw.dbg.DebugExit();
     const std::string log = Slurp(DebugLog::kFileName);
     EXPECT_NE(log.find("\r\n{{ LoadOptions }} (variables) gnOpt=1 gnOptMax=1\r\n"), std::string::npos);
@@ -243,16 +243,16 @@ TEST(OptionsFile, SaveFailuresGoToTheCallerAndLeaveTheOldFile) {
   App a;
   AddPlayer(a.sw.opts, "Ann");
   a.sw.opts.gnOpt = 1;
-  a.sw.opts.SaveOptions();
+  a.sw.optsFile.SaveOptions();
   const std::string old = Slurp(Options::kFileName);
   for (int i = 0; i < 20; ++i) AddPlayer(a.sw.opts, "Player " + std::to_string(i));
-  WithFileSizeLimit(old.size() + 100, [&] { EXPECT_NE(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 0); });
+  WithFileSizeLimit(old.size() + 100, [&] { EXPECT_NE(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 0); });
   EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
   a.sw.opts.gnOpt = 30;  // the profile name comes from a record that does not exist
-  EXPECT_EQ(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 9);
+  EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 9);
   a.sw.opts.gnOpt = 1;
   fs::create_directory(std::string(Options::kFileName) + ".new");
-  EXPECT_NE(ErrorOf([&] { a.sw.opts.SaveOptions(); }), 0);
+  EXPECT_NE(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 0);
   EXPECT_EQ(Slurp(Options::kFileName), old);
 }
 
@@ -260,10 +260,10 @@ TEST(OptionsFile, ReadOnlyDirectoryRaisesPermissionDeniedAndKeepsTheOldFile) {
   TempDir dir;
   App a;
   AddPlayer(a.sw.opts, "Ann");
-  a.sw.opts.SaveOptions();
+  a.sw.optsFile.SaveOptions();
   const std::string old = Slurp(Options::kFileName);
   AddPlayer(a.sw.opts, "Bob");
-  EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.opts.SaveOptions(); }); }), 70);
+  EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.optsFile.SaveOptions(); }); }), 70);
   EXPECT_TRUE(Slurp(Options::kFileName) == old) << "the old file was changed";
   EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
 }

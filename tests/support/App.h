@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "game/Skitterweb.h"
+#include "Skitterweb.h"
 #include "runtime/RuntimeError.h"
 #include "support/FakeWindow.h"
 

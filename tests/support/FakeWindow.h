@@ -1,6 +1,6 @@
 #pragma once
 // A recording stand-in for the main window: it keeps the board, the labels
-// and the lag bar, logs what is shown and played, and answers message boxes from a script.
+// the lag bar and the geometry, logs what is shown and played, and answers message boxes from a script.
 #include <algorithm>
 #include <deque>
 #include <map>
@@ -22,8 +22,13 @@ class FakeWindow : public IMainWindow {
   Picture cells[64][64]{};  // the board as drawn: [col][row]
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
-  uint32_t barColor = color::Blue;
-  int32_t barValue = 0, barMin = 0, barMax = 13;
+  ProgBarState bar;         // the lag bar as last shown
+  std::map<Label, uint32_t> foreColors;
+  int32_t widthTw = 0, heightTw = 0, infoBarWidthTw = 0;  // SetSize
+  int16_t gridCols = 0, gridRows = 0, cellTw = 0;          // SetGrid
+  int32_t gridWidthTw = 0, gridHeightTw = 0;
+  bool gridLines = false;
+  int ended = 0;  // EndProgram calls
   std::vector<ShownMsg> messages;
   std::deque<int16_t> answers;  // scripted answers; when empty, the default button's code
   std::vector<std::string> sounds;  // file names opened
@@ -39,16 +44,14 @@ class FakeWindow : public IMainWindow {
     if (nCol >= 0 && nCol < 64 && nRow >= 0 && nRow < 64) cells[nCol][nRow] = pic;
   }
   void Refresh() override {}
-  void SetSize() override {}
-  void SetGrid() override {}
+  void SetWindowSize(int32_t w, int32_t h, int32_t infoW) override { widthTw = w, heightTw = h, infoBarWidthTw = infoW; }
+  void SetGridLayout(int16_t cols, int16_t rows, int32_t w, int32_t h, int16_t cell, bool lines) override {
+    gridCols = cols, gridRows = rows, gridWidthTw = w, gridHeightTw = h, cellTw = cell, gridLines = lines;
+  }
   void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
-  uint32_t LagBarColor() const override { return barColor; }
-  int32_t LagBarMax() const override { return barMax; }
-  void SetLagBarColor(uint32_t c) override { barColor = c; }
-  // The bar keeps its value within its range, as the progress bar does.
-  void SetLagBarValue(int32_t v) override { barValue = std::max(std::min(v, barMax), barMin); }
-  void SetLagBarRange(int32_t min, int32_t max) override { barMin = min, barMax = max; }
+  void SetLabelForeColor(Label lbl, uint32_t fore) override { foreColors[lbl] = fore; }
+  void ShowLagBar(const ProgBarState& b) override { bar = b; }
   int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override { pendingSound_ = fileName; }
   void SoundCommand(const std::string& command) override {
@@ -61,6 +64,7 @@ class FakeWindow : public IMainWindow {
   void DoEvents() override {}
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
+  void EndProgram() override { ++ended; }
 
  private:
   std::string pendingSound_;

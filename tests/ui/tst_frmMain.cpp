@@ -13,7 +13,7 @@ using swui::frmMain;
 namespace {
 
 // What the model says each cell should show.
-Picture Expected(const sw::Game& g, int col, int row) {
+Picture Expected(const sw::GameState& g, int col, int row) {
   const sw::CoordPair ct{static_cast<int16_t>(col), static_cast<int16_t>(row)};
   if (g.gctPlayerPos == ct) return sw::PlayerPicture(g.gnPlayerDir);
   for (int i = 1; i <= g.gnVirusLive; ++i)
@@ -29,7 +29,7 @@ QString CellText(const frmMain& w, int col, int row) {
 
 // Every cell's picture and accessible text agree with the model; returns the first mismatch.
 QString MapMismatch(const frmMain& w) {
-  const sw::Game& g = w.sw.game;
+  const sw::GameState& g = w.sw.game;
   for (int r = 0; r < g.gnMapRows; ++r)
     for (int c = 0; c < g.gnMapCols; ++c) {
       const Picture want = Expected(g, c, r), got = w.grdMap->PictureAt(c, r);
@@ -42,13 +42,14 @@ QString MapMismatch(const frmMain& w) {
 
 // A quiet board: the mouse at (5,5) standing, one virus far away at (20,10).
 void QuietBoard(frmMain& w) {
-  sw::Game& g = w.sw.game;
-  g.ResetObjects();
+  sw::GameState& g = w.sw.game;
+  sw::Game& eng = w.sw.engine;
+  eng.ResetObjects();
   g.gnPlayerDir = 5;
-  g.MovePlayer(sw::CoordPair{5, 5});
+  eng.MovePlayer(sw::CoordPair{5, 5});
   g.gctVirusPos.push_back(sw::CoordPair{20, 10});
   g.gnVirusLive = 1;
-  g.DrawViruses();
+  eng.DrawViruses();
   g.gbEndSite = -1;
   g.gbWaitOn = 0;
 }
@@ -95,7 +96,7 @@ class TestFrmMain : public QObject {
 
   void typedKeyRunsATurnAndRedraws() {
     frmMain& w = s_->w;
-    const sw::Game& g = w.sw.game;
+    const sw::GameState& g = w.sw.game;
     QuietBoard(w);
     // The keys go to the window, never to the grid.
     QApplication::setActiveWindow(&w);
@@ -141,7 +142,7 @@ class TestFrmMain : public QObject {
                                                 {29, QApplication::palette().color(QPalette::ButtonText)}};
     for (const auto& [live, colour] : cases) {
       w.sw.game.gnVirusLive = live;
-      w.SetCaption(sw::Label::lblVirus, std::to_string(live));
+      w.sw.engine.ShowVirusCount();
       QCOMPARE(w.lblVirus->palette().color(QPalette::WindowText), colour);
       QCOMPARE(w.lblVirus->accessibleName(), QString::number(live));
     }
@@ -150,8 +151,8 @@ class TestFrmMain : public QObject {
   void sizeAndGridFollowTheTwips() {
     frmMain& w = s_->w;
     const swui::Twips& tw = w.twips();
-    w.menUseDL_Click();  // trace the geometry into a fresh log
-    const int height = 14 * 499 + frmMain::kInfoBarHeight + 610;
+    w.sw.menu.menUseDL_Click();  // trace the geometry into a fresh log
+    const int height = 14 * 499 + sw::twips::kInfoBarHeight + 610;
     QCOMPARE(w.WidthTwips(), 24 * 499);
     QCOMPARE(w.HeightTwips(), height);
     QCOMPARE(QSize(w.grdMap->columnWidth(0), w.grdMap->rowHeight(13)), QSize(tw.X(480), tw.Y(480)));
@@ -159,13 +160,13 @@ class TestFrmMain : public QObject {
     QCOMPARE(w.pctInfoBar->width(), tw.X(11976));
     const QSize before = w.size();
 
-    w.menGrid_Click();  // grid off: the cells take the grid lines' room, the window keeps its size
+    w.sw.menu.menGrid_Click();  // grid off: the cells take the grid lines' room, the window keeps its size
     QCOMPARE(w.sw.opts.Current().bGrid, int16_t{0});
     QVERIFY(!w.menGrid->isChecked() && !w.grdMap->showGrid());
     QCOMPARE(QSize(w.grdMap->columnWidth(23), w.grdMap->rowHeight(0)), QSize(tw.X(490), tw.Y(490)));
     QCOMPARE(w.size(), before);
 
-    w.menNewGame_Click();  // Yes: a new game sizes the window again
+    w.sw.menu.menNewGame_Click();  // Yes: a new game sizes the window again
     const QString log = uitest::ReadFile(sw::DebugLog::kFileName);
     QVERIFY2(log.contains("{{ SetGrid }} (variables) frmMain.grdMap.Cols/Rows=24/14 "
                           "frmMain.grdMap.Height/Width=6986/11976 nCellSize=490") &&
@@ -173,13 +174,13 @@ class TestFrmMain : public QObject {
                                              "frmMain..pctInfoBar.Width=11976").arg(height)) &&
                  log.contains("{{ frmMain.menGrid_Click }} (variables) gopOpts(gnOpt).bGrid=0"),
              qPrintable(log));
-    w.menGrid_Click();
+    w.sw.menu.menGrid_Click();
     QVERIFY(w.grdMap->showGrid() && w.grdMap->columnWidth(0) == tw.X(480));
   }
 
   void rightClickOnDifficultyAdvances() {
     frmMain& w = s_->w;
-    w.menDiffLevel_Click(4);  // Yes by default
+    w.sw.menu.menDiffLevel_Click(4);  // Yes by default
     // Nightmare is followed by Easy; answering No keeps the game and the level.
     s_->boxes.Expect({7});
     const int16_t games = w.sw.game.gnGameNum;
@@ -199,9 +200,9 @@ class TestFrmMain : public QObject {
     QVERIFY(w.menDiffLevel[1]->isChecked() && !w.menDiffLevel[4]->isChecked());
     QCOMPARE(w.sw.game.gnGameNum, static_cast<int16_t>(games + 1));
     // Neither the level in force nor any level during a timed pause asks or restarts.
-    w.menDiffLevel_Click(1);
-    w.sw.shell.gbSleepOn = -1;
-    w.menDiffLevel_Click(3);
+    w.sw.menu.menDiffLevel_Click(1);
+    w.sw.game.gbSleepOn = -1;
+    w.sw.menu.menDiffLevel_Click(3);
     QCOMPARE(s_->boxes.shown.size(), size_t{2});
     QCOMPARE(w.sw.opts.Current().nDiff, int16_t{1});
     QCOMPARE(w.sw.game.gnGameNum, static_cast<int16_t>(games + 1));

@@ -1,0 +1,40 @@
+#pragma once
+// The whole game model, built in one place. Each module is given the modules
+// it uses, and is built after them: nothing can reach a neighbour that is not
+// built yet.
+#include "debuglog/DebugLog.h"
+#include "debuglog/DebugSession.h"
+#include "game/Game.h"
+#include "game/GameState.h"
+#include "game/MainMenu.h"
+#include "game/MainWindow.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+#include "options/OptionsFile.h"
+#include "runtime/Random.h"
+#include "scoring/HighScores.h"
+#include "scoring/Score.h"
+
+namespace sw {
+
+class Skitterweb {
+ public:
+  explicit Skitterweb(IMainWindow& window) : frmMain(window) {}
+  Skitterweb(const Skitterweb&) = delete;
+  Skitterweb& operator=(const Skitterweb&) = delete;
+
+  IMainWindow& frmMain;
+  Random rnd;        // the game's generator
+  GameState game;    // the map, its objects, the turn's counters and flags
+  Options opts;      // the players' records; the guest until the file is read
+  DebugLog dbg{opts, game};
+  Shell shell{game, opts, dbg, frmMain};
+  Score score{game, opts, dbg, shell, frmMain};
+  HighScores hs{game, opts, dbg, shell, score};
+  DebugSession session{game, opts, dbg, shell, score, hs, frmMain};
+  OptionsFile optsFile{opts, dbg, session, shell, frmMain};
+  Game engine{game, opts, dbg, shell, score, hs, rnd, frmMain};
+  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, engine, frmMain};
+};
+
+}  // namespace sw

@@ -1,0 +1,308 @@
+#include "game/MainMenu.h"
+
+#include "debuglog/DebugLog.h"
+#include "debuglog/DebugSession.h"
+#include "game/Difficulty.h"
+#include "game/Game.h"
+#include "game/GameState.h"
+#include "game/MainWindow.h"
+#include "game/Shell.h"
+#include "options/Options.h"
+#include "options/OptionsFile.h"
+#include "runtime/NumText.h"
+#include "runtime/RuntimeError.h"
+#include "scoring/HighScores.h"
+#include "scoring/Score.h"
+
+namespace sw {
+
+namespace {
+
+Menu DiffItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::menDiffLevel1) + i - 1); }
+Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::menStartSiteNum0) + i); }
+
+}  // namespace
+
+MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
+                   Shell& shell, Score& score, HighScores& hs, Game& engine, IMainWindow& frmMain)
+    : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), shell(shell), score(score), hs(hs),
+      engine(engine), frmMain(frmMain) {}
+
+void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
+  try {
+    command();
+  } catch (const RuntimeError& e) {
+    shell.ReportError(szProc, e);
+  }
+}
+
+void MainMenu::RecordGame() {
+  if (game.gbGameOn) hs.CheckHighScore();
+}
+
+void MainMenu::ShowHighScore(int16_t nDiff) {
+  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
+  frmMain.SetCaption(Label::lblHighScore, FormatThousands(hs.Entry(HighScores::kAllTime, nDiff, 1).lScore));
+}
+
+// ---------------------------------------------------------------------------
+// Start-up and the window's events
+
+void MainMenu::Form_Load() {
+  game.gbGameInit = -1;
+  optsFile.LoadOptions();
+  if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_Load"));
+  score.InitScore();
+  game.gnPlayerDir = 5;
+  game.gbGameOn = -1;
+  game.gbWaitOn = 0;
+  game.gbLinkOn = 0;
+
+  game.pbrNetLag.Min = 0;
+  game.pbrNetLag.Max = 13;
+  game.pbrNetLag.SetValue(0);
+  frmMain.ShowLagBar(game.pbrNetLag);
+
+  game.gnMapCols = 24;
+  game.gnMapRows = 14;
+
+  frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
+  frmMain.SetCaption(Label::lblReconnects, "2");
+  frmMain.SetCaption(Label::lblScore, "0");
+  engine.ShowVirusCount();
+  game.gnGameNum = 0;
+
+  // The loaded options are applied by the menu commands themselves.
+  Run("frmMain.Form_Load", [this] {
+    const OptionProfile& op = opts.Current();
+    frmMain.SetMenuChecked(Menu::menSound, op.bSound != 0);
+    frmMain.SetMenuChecked(Menu::menGrid, op.bGrid != 0);
+    const int16_t nDiff = op.nDiff;
+    const int16_t nStartSite = op.nStartSite;
+    menDiffLevel_Click(nDiff);
+    menStartSiteNum_Click(nStartSite);
+    menGrid_Click();
+    menSound_Click();
+  });
+  game.gbGameInit = 0;
+
+  engine.StartGame();
+
+  hs.LoadHighScores();
+  Run("frmMain.Form_Load", [this] { ShowHighScore(opts.Current().nDiff); });
+}
+
+void MainMenu::Form_Unload() {
+  frmMain.SoundCommand("Close");
+  menQuit_Click();
+}
+
+void MainMenu::lblDiff_MouseDown(int16_t Button) {
+  if (Button != 2) return;
+  Run("frmMain.lblDiff_MouseDown", [this] {
+    int16_t next = static_cast<int16_t>(opts.Current().nDiff + 1);
+    if (next > 4) next = 1;
+    menDiffLevel_Click(next);
+  });
+}
+
+// ---------------------------------------------------------------------------
+// Game
+
+void MainMenu::menNewGame_Click() {
+  if (shell.Refused()) return;
+  Run("frmMain.menNewGame_Click", [this] {
+    if (game.gbGameOn) {
+      shell.ShowMsg(std::string("Starting a new game will end the game in progress.") + "\n" +
+                        "Do you want to end the current game?",
+                    4, "Start New Game", "comp-abort game.mp3");
+      if (shell.gnMsgReturn != 6) return;
+    }
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menNewGame_Click"));
+    RecordGame();
+    engine.StartGame();
+  });
+}
+
+void MainMenu::menQuit_Click() {
+  if (shell.Refused()) return;
+  bool bQuit = true;
+  Run("frmMain.menQuit_Click", [&] {
+    if (game.gbGameOn) {
+      shell.ShowMsg("Are you sure you want to quit and loose your game in progress?", 4, "Quit Skitterweb",
+                    "comp-abort game.mp3");
+      if (shell.gnMsgReturn != 6) {
+        bQuit = false;
+        return;
+      }
+    }
+    RecordGame();
+  });
+  if (!bQuit) return;
+  Run("frmMain.menQuit_Click", [this] { optsFile.SaveOptions(); });
+  Run("frmMain.menQuit_Click", [this] {
+    if (dbg.On()) {
+      dbg.DebugWrite(Trace("frmMain.menQuit_Click"));
+      dbg.DebugExit();
+      opts.Current().bDebug = 0;
+      session.DebugClose();
+    }
+    if (opts.Current().bSound) {
+      shell.PlaySound("comp-goodbye.mp3");
+      shell.SleepTurn(2000);
+    }
+  });
+  frmMain.EndProgram();
+}
+
+void MainMenu::EndSession() {
+  Run("frmMain.menQuit_Click", [this] { optsFile.SaveOptions(); });
+  Run("frmMain.menQuit_Click", [this] {
+    if (dbg.On()) {
+      dbg.DebugWrite(Trace("frmMain.menQuit_Click"));
+      dbg.DebugExit();
+    }
+  });
+  frmMain.EndProgram();
+}
+
+// ---------------------------------------------------------------------------
+// Options
+
+void MainMenu::menSound_Click() {
+  Run("frmMain.menSound_Click", [this] {
+    OptionProfile& op = opts.Current();
+    if (!game.gbGameInit) op.bSound = op.bSound ? 0 : -1;
+    frmMain.SetMenuChecked(Menu::menSound, op.bSound != 0);
+    if (!game.gbGameInit && op.bSound) shell.PlaySound("comp-program start.mp3");
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menSound_Click").Var("gopOpts(gnOpt).bSound", op.bSound));
+  });
+}
+
+void MainMenu::menGrid_Click() {
+  Run("frmMain.menGrid_Click", [this] {
+    OptionProfile& op = opts.Current();
+    if (!game.gbGameInit) op.bGrid = op.bGrid ? 0 : -1;
+    frmMain.SetMenuChecked(Menu::menGrid, op.bGrid != 0);
+    if (!game.gbGameInit) shell.PlaySound("comp-option change.mp3");
+    engine.SetGrid();
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menGrid_Click").Var("gopOpts(gnOpt).bGrid", op.bGrid));
+  });
+}
+
+void MainMenu::menDiffLevel_Click(int16_t Index) {
+  if (shell.Refused()) return;
+  Run("frmMain.menDiffLevel_Click", [this, Index] {
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menDiffLevel_Click").In("Index", Index));
+    if (Index < 1 || Index > 4) throw RuntimeError(errSubscript);
+    const Difficulty& level = kDifficulties[Index];
+    OptionProfile& op = opts.Current();
+    if (!game.gbGameInit) {
+      if (Index == op.nDiff) {
+        frmMain.SetMenuChecked(DiffItem(Index), true);
+        return;
+      }
+      if (game.gbGameOn) {
+        shell.ShowMsg(std::string("Changing the game difficulty to ") + level.szWord + " will start a new game." +
+                          "\n" + "Are you sure you want to loose your game in progress?",
+                      4, "Change Game Difficulty", "comp-abort game.mp3");
+        if (shell.gnMsgReturn != 6) return;
+      }
+      shell.PlaySound("comp-option change.mp3");
+      RecordGame();
+    }
+    opts.Current().nDiff = Index;
+    frmMain.SetCaption(Label::lblDiff, level.szName);
+    ShowHighScore(Index);
+    for (int16_t i = 1; i <= 4; ++i) frmMain.SetMenuChecked(DiffItem(i), i == Index);
+    engine.StartGame();
+  });
+}
+
+void MainMenu::menStartSiteNum_Click(int16_t Index) {
+  if (shell.Refused()) return;
+  Run("frmMain.menStartSiteNum_Click", [this, Index] {
+    OptionProfile& op = opts.Current();
+    int16_t bNewGame = -1;
+    if (!game.gbGameInit) {
+      if (Index == op.nStartSite) {
+        if (Index >= 0 && Index <= 9) frmMain.SetMenuChecked(StartSiteItem(Index), true);
+        return;
+      }
+      if (game.gbGameOn) {
+        shell.ShowMsg("Would you like to abandon your current game and start a new one with " +
+                          NumText(int64_t{Index}) + " sites already hit?",
+                      4, "Change Starting Site Number", "comp-abort game.mp3");
+        bNewGame = shell.gnMsgReturn == 6 ? -1 : 0;
+      }
+      shell.PlaySound("comp-option change.mp3");
+    }
+    for (int16_t i = 0; i <= 9; ++i) frmMain.SetMenuChecked(StartSiteItem(i), i == Index);
+    opts.Current().nStartSite = Index;
+    if (dbg.On())
+      dbg.DebugWrite(Trace("frmMain.menStartSiteNum_Click").In("Index", Index).Var("bNewGame", bNewGame));
+    if (bNewGame) engine.StartGame();
+  });
+}
+
+// ---------------------------------------------------------------------------
+// Debug
+
+void MainMenu::menUseDL_Click() {
+  Run("frmMain.menUseDL_Click", [this] {
+    OptionProfile& op = opts.Current();
+    const bool bOn = op.bDebug == 0;
+    frmMain.SetMenuChecked(Menu::menUseDL, bOn);
+    frmMain.SetMenuEnabled(Menu::menClearDL, bOn);
+    frmMain.SetMenuEnabled(Menu::menMarkDL, bOn);
+    if (!bOn) {
+      dbg.DebugExit();
+      opts.Current().bDebug = 0;
+      session.DebugClose();
+      return;
+    }
+    op.bDebug = -1;
+    session.DebugOpen(false, true);
+    if (opts.Current().bDebug) {
+      session.DebugWriteAll();
+      shell.PlaySound("comp-option change.mp3");
+    }
+  });
+}
+
+void MainMenu::menClearDL_Click() {
+  Run("frmMain.menClearDL_Click", [this] {
+    session.DebugClear();
+    shell.PlaySound("powerup2.mp3");
+  });
+}
+
+// ---------------------------------------------------------------------------
+// Help
+
+void MainMenu::menAbout_Click() {
+  Run("frmMain.menAbout_Click", [this] {
+    const std::string nl = "\n";
+    shell.ShowMsg("Skitterweb" + nl + "Version " + DebugLog::kVersion + nl + nl + "Written by the Skitterweb team." +
+                      nl + "Built from the Skitterweb sources." + nl + nl +
+                      "Thanks to everyone who played the early versions" + nl +
+                      "and to the makers of the old chase games that inspired it.",
+                  0, "About Skitterweb", "comp-program start.mp3");
+  });
+}
+
+void MainMenu::menCredits_Click() {
+  Run("frmMain.menCredits_Click", [this] {
+    const std::string nl = "\n";
+    const std::string dots = " . . . . . . ";
+    const std::string team = "the Skitterweb team";
+    shell.ShowMsg("--Game Development--" + nl + "Design and programming" + dots + team + nl + "Original game" + dots +
+                      team + nl + "Help file" + dots + team + nl + "Cipher code" + dots + team + nl +
+                      "Progress bar object" + dots + team + nl + nl + "--Art--" + nl +
+                      "Mouse, dead mouse and infected server" + dots + team + nl + "Virus art" + dots + team + nl +
+                      nl + "--Sound--" + nl + "Computer voice" + dots + team,
+                  0, "Credits for Skitterweb", "jad0025a3.mp3");
+  });
+}
+
+}  // namespace sw
