@@ -36,6 +36,10 @@ enum class Menu {
   menStartSiteNum5, menStartSiteNum6, menStartSiteNum7, menStartSiteNum8, menStartSiteNum9,
 };
 
+// The dialogs the model opens. Each one's state and behaviour live in a
+// Qt-free class of the model; the window lays it out and forwards its events.
+enum class Dialog { frmHighScore, frmCommandList, frmSelect, frmDebugMark };
+
 // Colours are 24-bit values with red in the low byte (&HBBGGRR).
 namespace color {
 constexpr uint32_t Black = 0x000000;
@@ -88,6 +92,10 @@ class IMainWindow {
   // Menu check marks and enabled states.
   virtual void SetMenuChecked(Menu item, bool checked) = 0;
   virtual void SetMenuEnabled(Menu item, bool enabled) = 0;
+
+  // Shows the dialog modally over the main window; returns when it is closed.
+  // What the player did is left in the dialog's own state.
+  virtual void ShowDialog(Dialog which) = 0;
 
   // Ends the program: the window closes and the event loop returns.
   virtual void EndProgram() = 0;

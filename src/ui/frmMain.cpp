@@ -316,6 +316,16 @@ void frmMain::SetMenuEnabled(Menu item, bool enabled) {
   if (QAction* a = MenuAction(item)) a->setEnabled(enabled);
 }
 
+void frmMain::ShowDialog(sw::Dialog which) {
+  // Each dialog's form is built on its Qt-free half, shown modally, and gone when closed.
+  switch (which) {
+    default:
+      break;
+  }
+  activateWindow();
+  setFocus();
+}
+
 void frmMain::EndProgram() {
   quitting_ = true;
   QCoreApplication::exit(0);

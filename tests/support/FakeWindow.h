@@ -3,6 +3,7 @@
 // the lag bar and the geometry, logs what is shown and played, and answers message boxes from a script.
 #include <algorithm>
 #include <deque>
+#include <functional>
 #include <map>
 #include <string>
 #include <vector>
@@ -29,6 +30,9 @@ class FakeWindow : public IMainWindow {
   int32_t gridWidthTw = 0, gridHeightTw = 0;
   bool gridLines = false;
   int ended = 0;  // EndProgram calls
+  std::vector<Dialog> dialogs;  // dialogs shown, in order
+  // What the player does in a dialog while it is shown (nothing: it is simply closed).
+  std::function<void(Dialog)> onDialog;
   std::vector<ShownMsg> messages;
   std::deque<int16_t> answers;  // scripted answers; when empty, the default button's code
   std::vector<std::string> sounds;  // file names opened
@@ -65,6 +69,10 @@ class FakeWindow : public IMainWindow {
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
   void EndProgram() override { ++ended; }
+  void ShowDialog(Dialog which) override {
+    dialogs.push_back(which);
+    if (onDialog) onDialog(which);
+  }
 
  private:
   std::string pendingSound_;
