@@ -13,26 +13,15 @@ Shell::Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain
     : game(game), opts(opts), dbg(dbg), frmMain(frmMain) {}
 
 void Shell::SleepTurn(int32_t ms) {
-  // The window events let in here may start another pause (a sound's); the
-  // flag keeps turns out until the outermost one ends.
-  struct Depth {
-    GameState& game;
-    int& n;
-    Depth(GameState& g, int& d) : game(g), n(d) {
-      ++n;
-      game.gbSleepOn = -1;
-    }
-    ~Depth() {
-      if (--n == 0) game.gbSleepOn = 0;
-    }
-  };
-  {
-    const Depth depth(game, nSleepDepth_);
-    frmMain.SetPointer(Pointer::Hourglass);
-    frmMain.Sleep(ms);
-    frmMain.SetPointer(Pointer::Custom);
-    frmMain.DoEvents();
-  }
+  // The window events let in here may start another pause (a sound's): the
+  // flag stays set until the outermost pause ends, so no turn starts meanwhile.
+  const int16_t bOuter = game.gbSleepOn;
+  game.gbSleepOn = -1;
+  frmMain.SetPointer(Pointer::Hourglass);
+  frmMain.Sleep(ms);
+  frmMain.SetPointer(Pointer::Custom);
+  frmMain.DoEvents();
+  game.gbSleepOn = bOuter;
   if (dbg.On()) dbg.DebugWrite(Trace("SleepTurn").In("nMilliseconds", ms));
 }
 

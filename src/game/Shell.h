@@ -40,7 +40,6 @@ class Shell {
   Options& opts;
   DebugLog& dbg;
   IMainWindow& frmMain;
-  int nSleepDepth_ = 0;  // pauses running, the outermost included
 };
 
 }  // namespace sw

@@ -6,6 +6,7 @@
 #include <functional>
 #include <map>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "game/MainWindow.h"
@@ -65,7 +66,12 @@ class FakeWindow : public IMainWindow {
   void Sleep(int32_t ms) override {
     if (record) sleeps.push_back(ms);
   }
-  void DoEvents() override {}
+  // The window events a pause lets in: whatever the test scripts here runs
+  // inside the pause (once per pause, the outermost first).
+  std::function<void()> onEvents;
+  void DoEvents() override {
+    if (onEvents) std::exchange(onEvents, nullptr)();
+  }
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
   void EndProgram() override { ++ended; }
