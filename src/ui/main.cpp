@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 
+#include "ui/SignalEnd.h"
 #include "ui/frmMain.h"
 
 int main(int argc, char* argv[]) {
@@ -10,6 +11,7 @@ int main(int argc, char* argv[]) {
   swui::frmMain frmMain;
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
   frmMain.setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
+  swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });
   frmMain.show();
   frmMain.Form_Load();
   return app.exec();

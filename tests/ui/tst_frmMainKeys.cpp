@@ -1,0 +1,157 @@
+// The main window's keyboard: no turn inside a turn while a pause runs, the
+// number pad with Num Lock off, and Caps Lock.
+#include <QAction>
+#include <QTest>
+#include <QTimer>
+
+#include <csignal>
+
+#include "ui/SignalEnd.h"
+#include "ui/UiTestSupport.h"
+#include "ui/frmMain.h"
+
+using swui::frmMain;
+
+namespace {
+
+// The mouse at (5,5) facing nowhere; the viruses where the test wants them.
+void Board(frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
+  sw::GameState& g = w.sw.game;
+  w.sw.engine.ResetObjects();
+  w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
+  for (const sw::CoordPair& v : viruses) g.gctVirusPos.push_back(v);
+  g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
+  w.sw.engine.DrawViruses();
+  g.gbEndSite = -1;
+}
+
+int Count(const QString& text, const QString& what) { return static_cast<int>(text.count(what)); }
+
+}  // namespace
+
+class TestFrmMainKeys : public QObject {
+  Q_OBJECT
+
+  struct Session {
+    uitest::FreshDir dir;
+    uitest::ScriptedBoxes boxes;
+    frmMain w;
+  };
+  std::unique_ptr<Session> s_;
+
+ private slots:
+  void init() {
+    s_ = std::make_unique<Session>();
+    s_->w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&s_->w));
+    s_->w.Form_Load();
+    s_->w.sw.rnd.Randomize(3);
+  }
+  void cleanup() { s_.reset(); }
+
+  // During the pause of a wait, a nightmare move or a link, a refused menu
+  // command (its sound pauses too) and then a move key: neither starts a turn.
+  void pausesKeepTurnsOut_data() {
+    QTest::addColumn<int>("diff");
+    QTest::addColumn<char>("key");
+    QTest::addColumn<int>("moves");
+    QTest::newRow("wait") << 2 << '0' << 0;
+    QTest::newRow("nightmare") << 4 << '6' << 1;
+    QTest::newRow("link") << 3 << '+' << 1;
+  }
+  void pausesKeepTurnsOut() {
+    QFETCH(int, diff);
+    QFETCH(char, key);
+    QFETCH(int, moves);
+    frmMain& w = s_->w;
+    w.sw.opts.Current().nDiff = static_cast<int16_t>(diff);
+    w.sw.opts.Current().bSound = -1;
+    w.sw.menu.menUseDL_Click();
+    if (key == '0') Board(w, {{7, 5}, {7, 7}});  // the wait ends in two phases: the viruses reach the mouse
+    else Board(w, {{20, 10}, {20, 2}});
+    const int16_t games = w.sw.game.gnGameNum;
+    bool bInside = false;
+    QTimer::singleShot(40, &w, [&] {
+      bInside = w.sw.game.gbSleepOn != 0;
+      w.menNewGame->trigger();
+      QTest::keyClick(&w, '8');
+    });
+    QTest::keyClick(&w, key);
+    QVERIFY(bInside);
+    const QString log = uitest::ReadFile(sw::DebugLog::kFileName);
+    QCOMPARE(Count(log, "{{ VirusTurn }}"), 1);
+    QCOMPARE(Count(log, "KeyAscii=56 [8]"), 0);
+    QCOMPARE(Count(log, "frmMain.menNewGame_Click"), 0);
+    QCOMPARE(Count(log, "szFileName=powerup2.mp3"), 1);
+    QCOMPARE(w.sw.game.gnGameNum, games);
+    QCOMPARE(int{w.sw.game.gnMoveCount}, moves);
+    QCOMPARE(w.sw.game.gbSleepOn, int16_t{0});
+    QCOMPARE(w.sw.game.gbWaitOn, int16_t{0});
+  }
+
+  // Closing the window while a pause runs is refused like the guarded commands.
+  void closingDuringAPauseIsRefused() {
+    frmMain& w = s_->w;
+    w.sw.opts.Current().nDiff = 4;
+    Board(w, {{20, 10}});
+    s_->boxes.Expect({6, 6});
+    QTimer::singleShot(40, &w, [&] { w.close(); });
+    QTest::keyClick(&w, '6');
+    QVERIFY(s_->boxes.shown.empty());
+    QVERIFY(!w.Quitting() && w.isVisible());
+  }
+
+  void numberPadWithNumLockOff() {
+    frmMain& w = s_->w;
+    w.sw.opts.Current().bSound = 0;
+    const std::pair<Qt::Key, sw::CoordPair> keys[] = {
+        {Qt::Key_Up, {5, 4}},   {Qt::Key_PageUp, {6, 3}}, {Qt::Key_Right, {7, 3}}, {Qt::Key_PageDown, {8, 4}},
+        {Qt::Key_Down, {8, 5}}, {Qt::Key_End, {7, 6}},    {Qt::Key_Left, {6, 6}},  {Qt::Key_Home, {5, 5}}};
+    Board(w, {{23, 13}});
+    for (const auto& [key, at] : keys) {
+      QTest::keyClick(&w, key, Qt::KeypadModifier);
+      QCOMPARE(w.sw.game.gctPlayerPos, at);
+    }
+    const int16_t movesBefore = w.sw.game.gnMoveCount;
+    QTest::keyClick(&w, Qt::Key_Clear, Qt::KeypadModifier);  // 5: pause, the mouse stands
+    QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{5, 5}));
+    QCOMPARE(w.sw.game.gnMoveCount, movesBefore);
+    QTest::keyClick(&w, Qt::Key_Up);  // the arrow keys themselves are no game keys
+    QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{5, 5}));
+  }
+
+  // A logout, Ctrl+C or a closed terminal: the options are saved, nothing is asked.
+  void signalsEndTheGameQuietly_data() {
+    QTest::addColumn<int>("sig");
+    QTest::newRow("TERM") << SIGTERM;
+    QTest::newRow("INT") << SIGINT;
+    QTest::newRow("HUP") << SIGHUP;
+  }
+  void signalsEndTheGameQuietly() {
+    QFETCH(int, sig);
+    frmMain& w = s_->w;
+    swui::EndOnSignals(&w, [&w] { w.sw.menu.EndSession(); });
+    s_->boxes.Expect({});
+    QVERIFY(!QFile::exists(sw::Options::kFileName));
+    std::raise(sig);
+    QTRY_VERIFY(w.Quitting());
+    QVERIFY(s_->boxes.shown.empty());
+    QVERIFY(uitest::ReadFile(sw::Options::kFileName).startsWith("\"Version\",\"1.14\""));
+  }
+
+  void capsLockInKeyboardLeft() {
+    frmMain& w = s_->w;
+    w.sw.opts.Current().bSound = 0;
+    w.sw.opts.Current().nProfile = 2;  // "Keyboard Left": e up, w up-left
+    w.sw.menu.menUseDL_Click();
+    Board(w, {{23, 13}});
+    QTest::keyClick(&w, 'E');
+    QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{5, 4}));
+    QTest::keyClick(&w, 'W');
+    QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{4, 3}));
+    QVERIFY(uitest::ReadFile(sw::DebugLog::kFileName).contains("KeyAscii=119 [w]"));
+  }
+};
+
+QTEST_MAIN(TestFrmMainKeys)
+#include "tst_frmMainKeys.moc"
