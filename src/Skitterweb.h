@@ -3,6 +3,7 @@
 // it uses, and is built after them: nothing can reach a neighbour that is not
 // built yet.
 #include "debuglog/DebugLog.h"
+#include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
 #include "game/Game.h"
 #include "game/GameState.h"
@@ -34,7 +35,8 @@ class Skitterweb {
   DebugSession session{game, opts, dbg, shell, score, hs, frmMain};
   OptionsFile optsFile{opts, dbg, session, shell, frmMain};
   Game engine{game, opts, dbg, shell, score, hs, rnd, frmMain};
-  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, engine, frmMain};
+  DebugMarkDialog mark{opts, dbg, frmMain};
+  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, engine, mark, frmMain};
 };
 
 }  // namespace sw

@@ -48,11 +48,4 @@ void DebugSession::DebugClose() {
   }
 }
 
-void DebugSession::DebugWriteAll() {
-  // The dump's sections come with the mark dialog.
-  (void)game;
-  (void)score;
-  (void)hs;
-}
-
 }  // namespace sw

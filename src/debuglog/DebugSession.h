@@ -30,7 +30,7 @@ class DebugSession {
   void DebugClear();
   // After the log is closed: asks whether to keep it, and deletes it if not.
   void DebugClose();
-  // The whole game state, section by section.
+  // The whole game state, section by section (StateDump.cpp).
   void DebugWriteAll();
 
  private:

@@ -1,6 +1,7 @@
 #include "game/MainMenu.h"
 
 #include "debuglog/DebugLog.h"
+#include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
 #include "game/Difficulty.h"
 #include "game/Game.h"
@@ -24,9 +25,10 @@ Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::
 }  // namespace
 
 MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
-                   Shell& shell, Score& score, HighScores& hs, Game& engine, IMainWindow& frmMain)
+                   Shell& shell, Score& score, HighScores& hs, Game& engine, DebugMarkDialog& mark,
+                   IMainWindow& frmMain)
     : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), shell(shell), score(score), hs(hs),
-      engine(engine), frmMain(frmMain) {}
+      engine(engine), mark(mark), frmMain(frmMain) {}
 
 void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   try {
@@ -275,6 +277,10 @@ void MainMenu::menClearDL_Click() {
     session.DebugClear();
     shell.PlaySound("powerup2.mp3");
   });
+}
+
+void MainMenu::menMarkDL_Click() {
+  Run("frmMain.menMarkDL_Click", [this] { mark.Show(); });
 }
 
 // ---------------------------------------------------------------------------

@@ -17,12 +17,13 @@ class Shell;
 class HighScores;
 class Score;
 class Game;
+class DebugMarkDialog;
 class IMainWindow;
 
 class MainMenu {
  public:
   MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session, Shell& shell,
-           Score& score, HighScores& hs, Game& engine, IMainWindow& frmMain);
+           Score& score, HighScores& hs, Game& engine, DebugMarkDialog& mark, IMainWindow& frmMain);
 
   // Start-up: loads the options, applies them through the menu commands while
   // gbGameInit is set, starts the first game and loads the webmaster lists.
@@ -40,6 +41,7 @@ class MainMenu {
   void menStartSiteNum_Click(int16_t Index);
   void menUseDL_Click();
   void menClearDL_Click();
+  void menMarkDL_Click();
   void menAbout_Click();
   void menCredits_Click();
 
@@ -63,6 +65,7 @@ class MainMenu {
   Score& score;
   HighScores& hs;
   Game& engine;
+  DebugMarkDialog& mark;
   IMainWindow& frmMain;
 };
 

@@ -12,6 +12,7 @@
 #include <QSvgRenderer>
 #include <QTimer>
 
+#include "debuglog/frmDebugMark.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -319,6 +320,11 @@ void frmMain::SetMenuEnabled(Menu item, bool enabled) {
 void frmMain::ShowDialog(sw::Dialog which) {
   // Each dialog's form is built on its Qt-free half, shown modally, and gone when closed.
   switch (which) {
+    case sw::Dialog::frmDebugMark: {
+      frmDebugMark form(sw.mark, this);
+      form.exec();
+      break;
+    }
     default:
       break;
   }

@@ -268,6 +268,7 @@ void frmMain::BuildMenus() {
   for (int16_t i = 0; i <= 9; ++i) onClick(menStartSiteNum[i], [&m, i] { m.menStartSiteNum_Click(i); });
   onClick(menUseDL, [&m] { m.menUseDL_Click(); });
   onClick(menClearDL, [&m] { m.menClearDL_Click(); });
+  onClick(menMarkDL, [&m] { m.menMarkDL_Click(); });
   onClick(menCredits, [&m] { m.menCredits_Click(); });
   onClick(menAbout, [&m] { m.menAbout_Click(); });
 }
