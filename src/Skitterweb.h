@@ -13,6 +13,7 @@
 #include "options/Options.h"
 #include "options/OptionsFile.h"
 #include "runtime/Random.h"
+#include "scoring/HighScoreDialog.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
 
@@ -32,11 +33,12 @@ class Skitterweb {
   Shell shell{game, opts, dbg, frmMain};
   Score score{game, opts, dbg, shell, frmMain};
   HighScores hs{game, opts, dbg, shell, score};
+  HighScoreDialog webmasters{opts, dbg, shell, hs, frmMain};
   DebugSession session{game, opts, dbg, shell, score, hs, frmMain};
   OptionsFile optsFile{opts, dbg, session, shell, frmMain};
-  Game engine{game, opts, dbg, shell, score, hs, rnd, frmMain};
+  Game engine{game, opts, dbg, shell, score, hs, webmasters, rnd, frmMain};
   DebugMarkDialog mark{opts, dbg, frmMain};
-  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, engine, mark, frmMain};
+  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, webmasters, engine, mark, frmMain};
 };
 
 }  // namespace sw

@@ -24,9 +24,10 @@ int16_t FindCell(const std::vector<CoordPair>& list, int16_t nCount, const Coord
 
 }  // namespace
 
-Game::Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs, Random& rnd,
-           IMainWindow& frmMain)
-    : game(game), opts(opts), dbg(dbg), shell(shell), score(score), hs(hs), rnd(rnd), frmMain(frmMain) {}
+Game::Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs,
+           HighScoreDialog& webmasters, Random& rnd, IMainWindow& frmMain)
+    : game(game), opts(opts), dbg(dbg), shell(shell), score(score), hs(hs), webmasters(webmasters), rnd(rnd),
+      frmMain(frmMain) {}
 
 int16_t Game::Diff() const { return opts.Current().nDiff; }
 

@@ -16,6 +16,7 @@ class DebugLog;
 class Shell;
 class Score;
 class HighScores;
+class HighScoreDialog;
 class Random;
 struct ControlProfile;
 
@@ -34,8 +35,8 @@ std::optional<Command> CommandFor(const ControlProfile& cp, int16_t KeyAscii);
 
 class Game {
  public:
-  Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs, Random& rnd,
-       IMainWindow& frmMain);
+  Game(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs,
+       HighScoreDialog& webmasters, Random& rnd, IMainWindow& frmMain);
 
   // ---- lookups and drawing
   int16_t SamePos(const CoordPair& a, const CoordPair& b);
@@ -105,6 +106,7 @@ class Game {
   Shell& shell;
   Score& score;
   HighScores& hs;
+  HighScoreDialog& webmasters;
   Random& rnd;
   IMainWindow& frmMain;
 };

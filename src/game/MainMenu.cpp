@@ -12,6 +12,7 @@
 #include "options/OptionsFile.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
+#include "scoring/HighScoreDialog.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
 
@@ -25,10 +26,11 @@ Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::
 }  // namespace
 
 MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
-                   Shell& shell, Score& score, HighScores& hs, Game& engine, DebugMarkDialog& mark,
+                   Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine,
+                   DebugMarkDialog& mark,
                    IMainWindow& frmMain)
     : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), shell(shell), score(score), hs(hs),
-      engine(engine), mark(mark), frmMain(frmMain) {}
+      webmasters(webmasters), engine(engine), mark(mark), frmMain(frmMain) {}
 
 void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   try {
@@ -39,7 +41,7 @@ void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
 }
 
 void MainMenu::RecordGame() {
-  if (game.gbGameOn) hs.CheckHighScore();
+  if (game.gbGameOn) webmasters.CheckHighScore();
 }
 
 void MainMenu::ShowHighScore(int16_t nDiff) {
@@ -124,6 +126,12 @@ void MainMenu::menNewGame_Click() {
     RecordGame();
     engine.StartGame();
   });
+}
+
+void MainMenu::menHighScores_Click() {
+  if (shell.Refused()) return;
+  Run("frmMain.menHighScores_Click",
+      [this] { webmasters.ShowHighScores(HighScores::kAllTime, opts.CheckedDiff()); });
 }
 
 void MainMenu::menQuit_Click() {

@@ -15,6 +15,7 @@ class DebugLog;
 class DebugSession;
 class Shell;
 class HighScores;
+class HighScoreDialog;
 class Score;
 class Game;
 class DebugMarkDialog;
@@ -23,7 +24,7 @@ class IMainWindow;
 class MainMenu {
  public:
   MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session, Shell& shell,
-           Score& score, HighScores& hs, Game& engine, DebugMarkDialog& mark, IMainWindow& frmMain);
+           Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine, DebugMarkDialog& mark, IMainWindow& frmMain);
 
   // Start-up: loads the options, applies them through the menu commands while
   // gbGameInit is set, starts the first game and loads the webmaster lists.
@@ -34,6 +35,7 @@ class MainMenu {
   void lblDiff_MouseDown(int16_t Button);
 
   void menNewGame_Click();
+  void menHighScores_Click();
   void menQuit_Click();
   void menSound_Click();
   void menGrid_Click();
@@ -64,6 +66,7 @@ class MainMenu {
   Shell& shell;
   Score& score;
   HighScores& hs;
+  HighScoreDialog& webmasters;
   Game& engine;
   DebugMarkDialog& mark;
   IMainWindow& frmMain;

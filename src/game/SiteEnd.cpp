@@ -3,7 +3,7 @@
 #include "game/Game.h"
 #include "debuglog/DebugLog.h"
 #include "game/Shell.h"
-#include "scoring/HighScores.h"
+#include "scoring/HighScoreDialog.h"
 #include "scoring/Score.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
@@ -57,7 +57,7 @@ void Game::PlayerDead(int16_t nCause) {
     // No reconnect left: the game is over.
     frmMain.SetCaption(Label::lblReconnects, "-");
     shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", 0, "Player Died", "comp-game over.mp3");
-    hs.CheckHighScore();
+    webmasters.CheckHighScore();
     game.gbGameOn = 0;
     game.gbWaitOn = 0;
     if (dbg.On()) {

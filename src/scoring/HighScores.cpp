@@ -82,9 +82,4 @@ void HighScores::AddHighScore() {
   }
 }
 
-void HighScores::ShowHighScores(int16_t nType, int16_t nDiff) {
-  if (dbg.On()) dbg.DebugWrite(Trace("ShowHighScores").In("nType", nType).In("nDiff", nDiff));
-  if (showDialog) showDialog(nType, nDiff);
-}
-
 }  // namespace sw

@@ -48,9 +48,6 @@ class HighScores {
   void WriteHighScores();
   void CheckHighScore();
   void AddHighScore();
-  // Shows one list in the webmaster lists dialog (attached by the main window).
-  void ShowHighScores(int16_t nType, int16_t nDiff);
-  std::function<void(int16_t nType, int16_t nDiff)> showDialog;
 
  private:
   Options& opts;

@@ -13,6 +13,7 @@
 #include <QTimer>
 
 #include "debuglog/frmDebugMark.h"
+#include "scoring/frmHighScore.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -320,6 +321,11 @@ void frmMain::SetMenuEnabled(Menu item, bool enabled) {
 void frmMain::ShowDialog(sw::Dialog which) {
   // Each dialog's form is built on its Qt-free half, shown modally, and gone when closed.
   switch (which) {
+    case sw::Dialog::frmHighScore: {
+      frmHighScore form(sw.webmasters, this);
+      form.exec();
+      break;
+    }
     case sw::Dialog::frmDebugMark: {
       frmDebugMark form(sw.mark, this);
       form.exec();

@@ -262,6 +262,7 @@ void frmMain::BuildMenus() {
   sw::MainMenu& m = sw.menu;
   onClick(menNewGame, [&m] { m.menNewGame_Click(); });
   onClick(menQuit, [&m] { m.menQuit_Click(); });
+  onClick(menHighScores, [&m] { m.menHighScores_Click(); });
   onClick(menSound, [&m] { m.menSound_Click(); });
   onClick(menGrid, [&m] { m.menGrid_Click(); });
   for (int16_t i = 1; i <= 4; ++i) onClick(menDiffLevel[i], [&m, i] { m.menDiffLevel_Click(i); });

@@ -1,0 +1,110 @@
+// The webmaster lists dialog: the name of a new webmaster, the clear
+// questions, and which rows may take a name.
+#include <gtest/gtest.h>
+
+#include "game/Board.h"
+#include "support/TempDir.h"
+
+namespace sw::test {
+
+namespace {
+
+// Every entry of every list, personal then all time, easy to nightmare.
+std::vector<WebmasterEntry> All(const HighScores& hs) {
+  std::vector<WebmasterEntry> v;
+  for (int t = 0; t <= 1; ++t)
+    for (int d = 1; d <= 4; ++d)
+      for (int s = 1; s <= 10; ++s) v.push_back(hs.Entry(t, d, s));
+  return v;
+}
+
+void Fill(HighScores& hs) {
+  for (int t = 0; t <= 1; ++t)
+    for (int d = 1; d <= 4; ++d)
+      for (int s = 1; s <= 10; ++s) hs.Entry(t, d, s) = WebmasterEntry{(11 - s) * 100 + d + t, int16_t(s), "old"};
+}
+
+}  // namespace
+
+TEST(HighScoreDialog, ANewWebmasterTypesANameThatIsWrittenAndReadBack) {
+  TempDir dir;
+  Board b;  // normal
+  Fill(b.sw.hs);
+  b.sc.glScore = 850;  // between slots 2 and 3 of both normal lists
+  b.g.gnSitesHit = 4;
+  HighScoreDialog& d = b.sw.webmasters;
+  b.w.onDialog = [&](Dialog which) {
+    ASSERT_EQ(which, Dialog::frmHighScore);
+    // Opened on the all-time list earned, the caret in the new row.
+    EXPECT_EQ(std::vector<int>({d.nType, d.nDiff, d.nFocus}), std::vector<int>({1, 2, 3}));
+    EXPECT_EQ(d.rows[3].lblScore, "850");
+    d.txtName_GotFocus(5);  // an old row hands the focus on to Done
+    EXPECT_EQ(d.nFocus, HighScoreDialog::kDone);
+    d.txtName_Change(5, "Mallory");  // and takes no name
+    d.txtName_GotFocus(3);
+    d.txtName_Change(3, "Ann, the first");
+    d.txtName_KeyPress(3, 13);
+    d.cmdDone_Click();
+  };
+  b.eng.PlayerDead(kVirusReachedMouse);  // with reconnects left: no game over, no list
+  EXPECT_TRUE(b.w.dialogs.empty());
+  b.g.gnReconnects = 0;
+  b.w.answers = {1, 7};  // the notices, then No to "Play again?"
+  b.eng.PlayerDead(kVirusReachedMouse);
+  ASSERT_EQ(b.w.dialogs.size(), 1u);
+  EXPECT_EQ(b.sw.hs.Entry(HighScores::kAllTime, 2, 3), (WebmasterEntry{850, 4, "Ann, the first"}));
+  EXPECT_EQ(b.sw.hs.Entry(HighScores::kPersonal, 2, 3).szName, "Ann, the first");
+  EXPECT_EQ(b.sw.hs.Entry(HighScores::kAllTime, 2, 5).szName, "old");
+
+  App fresh;  // the next start reads it back, and says nothing about the file
+  fresh.sw.hs.LoadHighScores();
+  EXPECT_TRUE(fresh.w.messages.empty());
+  EXPECT_EQ(All(fresh.sw.hs), All(b.sw.hs));
+}
+
+TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
+  TempDir dir;
+  Board b(4);
+  b.sw.opts.Current().bSound = -1;
+  Fill(b.sw.hs);
+  b.sw.hs.WriteHighScores();
+  const std::string file = Slurp(HighScores::kFileName);
+  const std::vector<WebmasterEntry> before = All(b.sw.hs);
+  HighScoreDialog& d = b.sw.webmasters;
+  b.w.onDialog = [&](Dialog) {
+    d.optType_Click(0);
+    d.optDiff_Click(3);
+    b.w.answers = {7, 7};
+    d.cmdClearCur_Click();
+    d.cmdClearAll_Click();
+    EXPECT_EQ(Slurp(HighScores::kFileName), file);
+    EXPECT_EQ(All(b.sw.hs), before);
+    EXPECT_EQ(Shown(b.w), (std::vector<std::string>{
+                              "Clear Current Webmaster List: Are you sure that you want to clear all of your "
+                              "personal, hard difficulty webmaster list?",
+                              "Clear All Webmaster Lists: Are you sure that you want to clear ALL of the webmaster "
+                              "lists?"}));
+    EXPECT_EQ(LastSound(b.w), ".\\sounds\\question2.mp3");
+
+    b.w.answers = {6};
+    d.cmdClearCur_Click();  // the personal hard list only
+    EXPECT_EQ(d.rows[1].txtName, "");
+    EXPECT_EQ(d.rows[1].lblScore, "0");
+    d.cmdDone_Click();
+  };
+  b.sw.menu.menHighScores_Click();
+  std::vector<WebmasterEntry> after = All(b.sw.hs), want = before;
+  for (int s = 0; s < 10; ++s) want[2 * 10 + s] = WebmasterEntry{};
+  EXPECT_EQ(after, want);
+  App fresh;
+  fresh.sw.hs.LoadHighScores();
+  EXPECT_EQ(All(fresh.sw.hs), want);
+
+  // While a Wait is in force the menu command is refused.
+  b.g.gbWaitOn = -1;
+  b.w.dialogs.clear();
+  b.sw.menu.menHighScores_Click();
+  EXPECT_TRUE(b.w.dialogs.empty());
+}
+
+}  // namespace sw::test
