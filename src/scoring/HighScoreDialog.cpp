@@ -94,6 +94,8 @@ void HighScoreDialog::txtName_LostFocus(int16_t Index) {
   if (!Earned(Index)) return;
   try {
     const std::string& szName = rows[static_cast<size_t>(Index)].txtName;
+    // Leaving a box whose name was not changed stores nothing.
+    if (szName == hs.Entry(nType, nDiff, Index).szName) return;
     // The game earned its place in both lists under one name.
     if (hs.gnGlobalSlot > 0) hs.Entry(HighScores::kAllTime, nDiff, hs.gnGlobalSlot).szName = szName;
     if (hs.gnPersonalSlot > 0) hs.Entry(HighScores::kPersonal, nDiff, hs.gnPersonalSlot).szName = szName;

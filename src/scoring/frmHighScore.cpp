@@ -148,6 +148,12 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
   Redraw();
 }
 
+void frmHighScore::showEvent(QShowEvent* e) {
+  QDialog::showEvent(e);
+  activateWindow();
+  Redraw();
+}
+
 int frmHighScore::RowOf(QObject* o) const {
   for (int i = 1; i <= 10; ++i)
     if (txtName[i] == o) return i;

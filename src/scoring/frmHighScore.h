@@ -27,6 +27,7 @@ class frmHighScore : public QDialog {
   void done(int r) override;
 
  protected:
+  void showEvent(QShowEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
 
  private:
