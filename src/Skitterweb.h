@@ -11,7 +11,9 @@
 #include "game/MainWindow.h"
 #include "game/Shell.h"
 #include "options/Options.h"
+#include "options/CommandListDialog.h"
 #include "options/OptionsFile.h"
+#include "options/SelectDialog.h"
 #include "runtime/Random.h"
 #include "scoring/HighScoreDialog.h"
 #include "scoring/HighScores.h"
@@ -38,7 +40,9 @@ class Skitterweb {
   OptionsFile optsFile{opts, dbg, session, shell, frmMain};
   Game engine{game, opts, dbg, shell, score, hs, webmasters, rnd, frmMain};
   DebugMarkDialog mark{opts, dbg, frmMain};
-  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, webmasters, engine, mark, frmMain};
+  SelectDialog select{dbg, shell, frmMain};
+  CommandListDialog controls{opts, dbg, shell, select, frmMain};
+  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, webmasters, engine, mark, controls, frmMain};
 };
 
 }  // namespace sw

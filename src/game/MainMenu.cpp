@@ -8,6 +8,7 @@
 #include "game/GameState.h"
 #include "game/MainWindow.h"
 #include "game/Shell.h"
+#include "options/CommandListDialog.h"
 #include "options/Options.h"
 #include "options/OptionsFile.h"
 #include "runtime/NumText.h"
@@ -27,10 +28,9 @@ Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::
 
 MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
                    Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine,
-                   DebugMarkDialog& mark,
-                   IMainWindow& frmMain)
+                   DebugMarkDialog& mark, CommandListDialog& controls, IMainWindow& frmMain)
     : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), shell(shell), score(score), hs(hs),
-      webmasters(webmasters), engine(engine), mark(mark), frmMain(frmMain) {}
+      webmasters(webmasters), engine(engine), mark(mark), controls(controls), frmMain(frmMain) {}
 
 void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   try {
@@ -198,6 +198,10 @@ void MainMenu::menGrid_Click() {
     engine.SetGrid();
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menGrid_Click").Var("gopOpts(gnOpt).bGrid", op.bGrid));
   });
+}
+
+void MainMenu::menControls_Click() {
+  Run("frmMain.menControls_Click", [this] { controls.Show(); });
 }
 
 void MainMenu::menDiffLevel_Click(int16_t Index) {

@@ -19,12 +19,14 @@ class HighScoreDialog;
 class Score;
 class Game;
 class DebugMarkDialog;
+class CommandListDialog;
 class IMainWindow;
 
 class MainMenu {
  public:
   MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session, Shell& shell,
-           Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine, DebugMarkDialog& mark, IMainWindow& frmMain);
+           Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine, DebugMarkDialog& mark, CommandListDialog& controls,
+           IMainWindow& frmMain);
 
   // Start-up: loads the options, applies them through the menu commands while
   // gbGameInit is set, starts the first game and loads the webmaster lists.
@@ -39,6 +41,7 @@ class MainMenu {
   void menQuit_Click();
   void menSound_Click();
   void menGrid_Click();
+  void menControls_Click();
   void menDiffLevel_Click(int16_t Index);
   void menStartSiteNum_Click(int16_t Index);
   void menUseDL_Click();
@@ -69,6 +72,7 @@ class MainMenu {
   HighScoreDialog& webmasters;
   Game& engine;
   DebugMarkDialog& mark;
+  CommandListDialog& controls;
   IMainWindow& frmMain;
 };
 

@@ -13,6 +13,8 @@
 #include <QTimer>
 
 #include "debuglog/frmDebugMark.h"
+#include "options/frmCommandList.h"
+#include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
@@ -260,11 +262,10 @@ void frmMain::ShowLagBar(const sw::ProgBarState& bar) {
 }
 
 int16_t frmMain::MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) {
-  frmMsgBox box(this, widthTw_);
+  frmMsgBox box(DialogParent(), widthTw_);
   box.Setup(QString::fromStdString(text), nButtons, QString::fromStdString(szTitle));
   const int16_t answer = box.ShowModal();
-  activateWindow();
-  setFocus();
+  ReturnFocus();
   return answer;
 }
 
@@ -326,14 +327,34 @@ void frmMain::ShowDialog(sw::Dialog which) {
       form.exec();
       break;
     }
+    case sw::Dialog::frmCommandList: {
+      frmCommandList form(sw.controls, this);
+      form.exec();
+      break;
+    }
+    case sw::Dialog::frmSelect: {
+      frmSelect form(sw.select, DialogParent());
+      form.exec();
+      break;
+    }
     case sw::Dialog::frmDebugMark: {
       frmDebugMark form(sw.mark, this);
       form.exec();
       break;
     }
-    default:
-      break;
   }
+  ReturnFocus();
+}
+
+QWidget* frmMain::DialogParent() {
+  // A box or dialog opened from a dialog stands over that dialog.
+  QWidget* modal = QApplication::activeModalWidget();
+  return modal != nullptr ? modal : this;
+}
+
+void frmMain::ReturnFocus() {
+  // Back to the game, unless a dialog is still open.
+  if (QApplication::activeModalWidget() != nullptr) return;
   activateWindow();
   setFocus();
 }

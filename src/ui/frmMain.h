@@ -123,6 +123,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void BuildMenus();
   void BuildInfoBar();
   void PlaceGrid();
+  QWidget* DialogParent();
+  void ReturnFocus();
   QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip);
   void SetLabelText(QLabel* label, const QString& text);
 

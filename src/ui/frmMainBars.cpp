@@ -265,6 +265,7 @@ void frmMain::BuildMenus() {
   onClick(menHighScores, [&m] { m.menHighScores_Click(); });
   onClick(menSound, [&m] { m.menSound_Click(); });
   onClick(menGrid, [&m] { m.menGrid_Click(); });
+  onClick(menControls, [&m] { m.menControls_Click(); });
   for (int16_t i = 1; i <= 4; ++i) onClick(menDiffLevel[i], [&m, i] { m.menDiffLevel_Click(i); });
   for (int16_t i = 0; i <= 9; ++i) onClick(menStartSiteNum[i], [&m, i] { m.menStartSiteNum_Click(i); });
   onClick(menUseDL, [&m] { m.menUseDL_Click(); });

@@ -1,0 +1,189 @@
+// The controls dialog and the selection dialog, through the fake window:
+// typing and picking keys, the swap, profiles saved, refused, deleted and
+// restored.
+#include <gtest/gtest.h>
+
+#include "support/App.h"
+#include "support/TempDir.h"
+
+namespace sw::test {
+
+namespace {
+
+// The combo of each command, as the dialog numbers them like a number pad.
+constexpr int16_t kLink = 0, kDown = 2, kUp = 8, kWait = 10;
+
+struct Controls : App {
+  CommandListDialog& d = sw.controls;
+  SelectDialog& sel = sw.select;
+  OptionProfile& op = sw.opts.gopOpts[0];
+  // The player's answers to the selection dialog, one text per opening ("" cancels).
+  std::vector<std::string> names;
+
+  Controls() {
+    op.bSound = 0;
+    w.onDialog = [this](Dialog which) {
+      if (which != Dialog::frmSelect) return;
+      if (names.empty() || names.front().empty()) {
+        sel.cmdCancel_Click();
+      } else {
+        sel.cmbSelect_Change(names.front());
+        sel.cmdOk_Click();
+      }
+      if (!names.empty()) names.erase(names.begin());
+    };
+  }
+  // Opens the dialog and runs `visit` inside it.
+  void Visit(const std::function<void()>& visit) {
+    const auto select = w.onDialog;
+    w.onDialog = [this, visit, select](Dialog which) {
+      if (which != Dialog::frmCommandList) return;
+      const auto inside = visit;  // this closure is replaced before the visit runs
+      w.onDialog = select;
+      inside();
+    };
+    d.Show();
+    w.onDialog = select;
+  }
+};
+
+}  // namespace
+
+TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
+  Controls c;
+  c.Visit([&] {
+    EXPECT_EQ(c.d.cmbKey[kUp].text, "8");
+    EXPECT_EQ(c.d.cmbKey[kDown].text, "2");
+    EXPECT_EQ(c.d.cmbProfileItems.size(), 4u);
+    EXPECT_EQ(c.d.nProfileIndex, 0);
+    c.d.cmbKey_Change(kUp, "2");  // Down holds 2: it takes Up's old 8
+    EXPECT_EQ(c.d.cmbKey[kUp].text, "2");
+    EXPECT_EQ(c.d.cmbKey[kDown].text, "8");
+    EXPECT_EQ(std::vector<int>({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}),
+              std::vector<int>({0, -1, 1, 0}));
+    EXPECT_EQ(c.op.szProfile, "(Temporary)");
+    c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
+    EXPECT_EQ(c.d.cmbKey[kLink].text, "E");
+    EXPECT_EQ(c.d.GetCmbKey(kLink), 101);
+    c.d.cmbKey_Change(kWait, "", 4);  // "Tab" picked from the list
+    EXPECT_EQ(c.d.GetCmbKey(kWait), 9);
+    c.d.cmbKey_Change(kLink, " ");  // a blank is the Space item
+    EXPECT_EQ(c.d.cmbKey[kLink].nListIndex, 2);
+    c.d.cmbKey_Change(kUp, "");  // an empty text is left alone, and leaving puts the key back
+    c.d.cmbKey[kUp].text.clear();
+    c.d.cmbKey_LostFocus(kUp);
+    EXPECT_EQ(c.d.cmbKey[kUp].text, "2");
+    c.w.answers = {7};  // Set: not saved, the temporary profile plays
+    c.d.cmdOK_Click();
+  });
+  EXPECT_EQ(c.op.nProfile, 0);
+  const ControlProfile& temp = c.op.cpProfile[0];
+  EXPECT_EQ(std::vector<int>({temp.CPMoveUp, temp.CPMoveDown, temp.CPWait, temp.CPLink}),
+            std::vector<int>({'2', '8', 9, 32}));
+  EXPECT_EQ(Shown(c.w).at(0).rfind("Save current control settings?: ", 0), 0u);
+
+  // A stored 9 shows the Tab item; the temporary profile is what the dialog shows next time.
+  c.Visit([&] {
+    EXPECT_EQ(c.d.cmbKey[kWait].text, "Tab");
+    EXPECT_EQ(c.d.cmbKey[kWait].nListIndex, 4);
+    c.d.cmdCancel_Click();
+  });
+}
+
+TEST(ControlsDialog, SavingRefusesReservedNamesAndSurvivesTheFile) {
+  TempDir dir;
+  Controls c;
+  c.op.szUserName = "Ann";
+  c.sw.opts.gopOpts.push_back(c.op);  // a named player, saved to the file
+  c.sw.opts.gnOptMax = 1;
+  c.sw.opts.gnOpt = 1;
+  OptionProfile& ann = c.sw.opts.gopOpts[1];
+  c.Visit([&] {
+    c.d.cmbKey_Change(kUp, "w");
+    c.names = {"keyboard left", "Arrows"};
+    c.d.cmdSaveProfile_Click();
+    EXPECT_EQ(Shown(c.w).at(0), "Invalid Profile Name: You cannot use a profile name reserved for the default "
+                                "configurations.\nPlease select a different profile name.");
+    EXPECT_EQ(ann.nProfile, 5);
+    EXPECT_EQ(c.d.cmbProfileItems.back(), "Arrows");
+    EXPECT_TRUE(c.d.bDelEnabled);
+    c.d.cmdOK_Click();
+  });
+  EXPECT_EQ(ann.cpProfile.size(), 6u);
+  EXPECT_EQ(ann.cpProfile[5].szName, "Arrows");
+  EXPECT_EQ(ann.cpProfile[5].CPMoveUp, 'w');
+  c.sw.optsFile.SaveOptions();
+  App again;
+  again.sw.optsFile.LoadOptions();
+  EXPECT_EQ(again.sw.opts.Current().szUserName, "Ann");
+  EXPECT_EQ(again.sw.opts.Current().nProfile, 5);
+  EXPECT_EQ(again.sw.opts.Current().cpProfile.at(5), ann.cpProfile[5]);
+
+  // Overwriting asks; a capitalised name picks the list's own spelling. Then Delete falls back to profile 1.
+  c.Visit([&] {
+    c.d.cmbKey_Change(kUp, "q");
+    c.names = {"ARROWS"};
+    c.w.answers = {6};
+    c.d.cmdSaveProfile_Click();
+    EXPECT_EQ(c.sel.gszSelect, "Arrows");
+    EXPECT_EQ(c.sel.gnSelIndex, 0);
+    EXPECT_EQ(ann.cpProfile.size(), 6u);
+    EXPECT_EQ(ann.cpProfile[5].CPMoveUp, 'q');
+    c.w.answers = {6};
+    c.d.cmdDelProfile_Click();
+    EXPECT_EQ(ann.cpProfile.size(), 5u);
+    EXPECT_EQ(std::vector<int>({ann.nProfile, c.d.nProfileIndex}), std::vector<int>({1, 0}));
+    EXPECT_EQ(ann.szProfile, "Number Pad (Default)");
+    EXPECT_EQ(c.d.cmbKey[kUp].text, "8");
+    c.d.cmdOK_Click();
+  });
+}
+
+TEST(ControlsDialog, CancelRestoresTheProfileOfThisVisit) {
+  Controls c;
+  c.op.nProfile = 3;
+  c.op.szProfile = "Keyboard Right";
+  c.Visit([&] {
+    EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
+    c.d.cmbKey_Change(kUp, "z");
+    c.w.answers = {7};  // picking a profile while temporary: not saved first
+    c.d.cmbProfile_Click(1);
+    EXPECT_EQ(Shown(c.w).back().rfind("Select New Profile: ", 0), 0u);
+    EXPECT_EQ(c.op.nProfile, 2);
+    c.d.cmdCancel_Click();
+  });
+  EXPECT_EQ(c.op.nProfile, 3);
+  EXPECT_EQ(c.op.szProfile, "Keyboard Right");
+}
+
+TEST(SelectDialog, NothingChosenTheListsSpellingAndCancel) {
+  App a;
+  SelectDialog& s = a.sw.select;
+  a.sw.opts.Current().bSound = 0;
+  a.w.onDialog = [&](Dialog) {
+    s.cmdOk_Click();  // nothing typed: told so, the dialog stays
+    EXPECT_TRUE(s.bShown);
+    EXPECT_EQ(Shown(a.w), std::vector<std::string>{
+                              "No Selection Made: You have not made any selection.\nPlease type your selection or "
+                              "choose a selection from the list.  Click 'Cancel' to abort."});
+    s.cmbSelect_Change("mIxEd");
+    s.cmdOk_Click();
+  };
+  s.Show("Pick", {"Other", "MiXeD"});
+  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({-1, 1}));
+  EXPECT_EQ(s.gszSelect, "MiXeD");
+  a.w.onDialog = [&](Dialog) {
+    s.cmbSelect_Change("new one");
+    s.cmdCancel_Click();
+  };
+  s.Show("Pick", {"Other"});
+  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({0, -1}));
+  a.w.onDialog = [&](Dialog) {
+    s.cmbSelect_Change("new one");
+    s.cmdOk_Click();
+  };
+  s.Show("Pick", {"Other"});
+  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({-1, -1}));
+}
+
+}  // namespace sw::test
