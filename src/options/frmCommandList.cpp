@@ -116,6 +116,17 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
   act(cmdHelp, &sw::CommandListDialog::cmdHelp_Click);
   act(cmdOK, &sw::CommandListDialog::cmdOK_Click);
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
+
+  // Tab walks the pad as it reads: top row first, Link and Wait last.
+  QWidget* previous = cmbProfile;
+  for (int i : {7, 8, 9, 4, 5, 6, 1, 2, 3, 0, 10}) {
+    setTabOrder(previous, cmbKey[i]);
+    previous = cmbKey[i];
+  }
+  for (QPushButton* b : {cmdOK, cmdCancel, cmdSaveProfile, cmdDelProfile, cmdHelp}) {
+    setTabOrder(previous, b);
+    previous = b;
+  }
   Redraw();
 }
 

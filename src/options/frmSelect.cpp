@@ -1,6 +1,7 @@
 #include "options/frmSelect.h"
 
 #include <QComboBox>
+#include <algorithm>
 #include <QHBoxLayout>
 #include <QLineEdit>
 #include <QPushButton>
@@ -19,7 +20,11 @@ frmSelect::frmSelect(sw::SelectDialog& model, QWidget* parent) : QDialog(parent)
   cmbSelect->setEditable(true);
   cmbSelect->setInsertPolicy(QComboBox::NoInsert);
   cmbSelect->setToolTip(tr("Type or click on your selection"));
-  cmbSelect->setMinimumWidth(fontMetrics().horizontalAdvance(QLatin1Char('M')) * 20);
+  // Wide enough for its title in the title bar's bolder type, and the bar's buttons.
+  QFont titleFont = font();
+  titleFont.setBold(true);
+  const int titleWidth = QFontMetrics(titleFont).horizontalAdvance(windowTitle()) + 120;
+  cmbSelect->setMinimumWidth(std::max(fontMetrics().horizontalAdvance(QLatin1Char('M')) * 20, titleWidth));
   for (const std::string& item : model.cmbItems) cmbSelect->addItem(QString::fromStdString(item));
   cmbSelect->setCurrentIndex(-1);
   cmbSelect->setEditText(QString());

@@ -209,7 +209,13 @@ void frmHighScore::Redraw() {
     const sw::HighScoreDialog::Row& r = model_.rows[static_cast<size_t>(i)];
     lblSlotNum[i]->setText(Q(r.lblSlotNum) + QLatin1Char('.'));
     if (txtName[i]->text() != Q(r.txtName)) txtName[i]->setText(Q(r.txtName));
-    txtName[i]->setReadOnly(!model_.Earned(static_cast<int16_t>(i)));
+    // Only the row just earned looks and acts like a box to type in.
+    const bool bEarned = model_.Earned(static_cast<int16_t>(i));
+    txtName[i]->setReadOnly(!bEarned);
+    txtName[i]->setFrame(bEarned);
+    QPalette pal = txtName[i]->palette();
+    pal.setColor(QPalette::Base, palette().color(bEarned ? QPalette::Base : QPalette::Window));
+    txtName[i]->setPalette(pal);
     lblSitesHit[i]->setText(Q(r.lblSitesHit));
     lblScore[i]->setText(Q(r.lblScore));
   }
