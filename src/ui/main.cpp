@@ -1,5 +1,8 @@
 #include <QApplication>
 #include <QIcon>
+#include <QLabel>
+#include <cstdio>
+#include <cstdlib>
 
 #include "ui/SignalEnd.h"
 #include "ui/frmMain.h"
@@ -14,5 +17,14 @@ int main(int argc, char* argv[]) {
   swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });
   frmMain.show();
   frmMain.Form_Load();
-  return app.exec();
+  const int status = app.exec();
+  // A probe for the whole-program tests: the information bar as the player last saw it.
+  if (const char* path = std::getenv("SKITTERWEB_LABELS_AT_EXIT")) {
+    if (std::FILE* f = std::fopen(path, "w")) {
+      for (const QLabel* l : frmMain.pctInfoBar->findChildren<QLabel*>())
+        std::fprintf(f, "%s=%s\n", qPrintable(l->objectName()), qPrintable(l->text()));
+      std::fclose(f);
+    }
+  }
+  return status;
 }
