@@ -61,15 +61,16 @@ void CheckShape(const Options& o) {
   }
 }
 
-void CheckRoundTrip(Options& o) {
+void CheckRoundTrip(Skitterweb& sw) {
+  const Options& o = sw.opts;
   try {
-    o.SaveOptions();
+    sw.optsFile.SaveOptions();
   } catch (const RuntimeError&) {
     fuzz::Check(false, "a loaded table saves");
   }
   test::FakeWindow w;
   Skitterweb again(w);
-  again.opts.LoadOptions();
+  again.optsFile.LoadOptions();
   const Options& r = again.opts;
   if (HasLoadError(w)) {
     // Only the text form of gnOpt may move it to another record (" 1.5" from 1.4999999999999999).
@@ -117,7 +118,7 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       fuzz::Check(CurrentExists(o), "the current player exists after a good load");
       fuzz::Check(w.messages.empty() || w.messages[0].szTitle == "Error: DebugOpen", "only the debug-log message");
       // Saving and reloading tens of thousands of records is correct but slow; small tables suffice.
-      if (o.gnOptMax <= 256) CheckRoundTrip(o);
+      if (o.gnOptMax <= 256) CheckRoundTrip(sw);
     }
   }
   fuzz::RemoveFile(DebugLog::kFileName);

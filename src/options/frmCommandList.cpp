@@ -28,7 +28,7 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
   setModal(true);
 
   const QString profileTip = tr("Select a saved profile to change your current control settings");
-  auto* lblProfile = new QLabel(tr("Control &Profile:"), this);
+  auto* lblProfile = new QLabel(tr("Control Profile:"), this);
   lblProfile->setToolTip(profileTip);
   cmbProfile = new QComboBox(this);
   cmbProfile->setObjectName("cmbProfile");
@@ -75,7 +75,7 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
   cmdOK->setToolTip(tr("Set your current profile selection and return to the game"));
   cmdCancel = new QPushButton(tr("&Cancel"), this);
   cmdCancel->setToolTip(tr("Abort any changes to your control profile and return to game"));
-  cmdSaveProfile = new QPushButton(tr("Save P&rofile"), this);
+  cmdSaveProfile = new QPushButton(tr("Save &Profile"), this);
   cmdSaveProfile->setToolTip(tr("Save your current control profile so it can be recalled later"));
   cmdDelProfile = new QPushButton(tr("&Delete Profile"), this);
   cmdDelProfile->setToolTip(tr("Delete the currently selected user control profile"));
