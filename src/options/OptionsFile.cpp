@@ -139,6 +139,8 @@ void OptionsFile::LoadOptions() {
       }
     }
 
+    CorrectSettings();
+
     // The current player may not exist at all: that too ends in the recovery.
     if (opts.Current().bDebug) {
       session.DebugOpen(false, true);
@@ -157,6 +159,33 @@ void OptionsFile::LoadOptions() {
   } catch (const std::bad_alloc&) {
     recover(RuntimeError(7));
   }
+}
+
+void OptionsFile::CorrectSettings() {
+  // A setting out of its range would leave no board to play on, or a wait that
+  // never ends: each one is named once, in one message, and its default used.
+  std::string fixes;
+  for (size_t i = 1; i < opts.gopOpts.size(); ++i) {
+    OptionProfile& op = opts.gopOpts[i];
+    if (op.cpProfile.empty()) continue;  // a record skipped by a numbering gap stays blank
+    const std::string who = " of " + op.szUserName + ": ";
+    auto fix = [&](int16_t& value, int16_t lo, int16_t hi, int16_t def, const char* what) {
+      if (value >= lo && value <= hi) return;
+      fixes += std::string("\n") + what + " " + NumText(int64_t{value}) + who + NumText(int64_t{def}) + " used";
+      value = def;
+    };
+    fix(op.nDiff, 1, 4, 2, "Difficulty");
+    fix(op.nMapSize, 1, 5, 3, "Map size");
+    fix(op.nStartSite, 0, 9, 0, "Starting site");
+    const int16_t nLast = static_cast<int16_t>(op.cpProfile.size() - 1);
+    const int16_t nWas = op.nProfile;
+    fix(op.nProfile, 0, nLast, 1, "Control profile");
+    if (op.nProfile != nWas) op.szProfile = op.cpProfile[1].szName;
+  }
+  if (fixes.empty()) return;
+  shell.ShowMsg(std::string("Some settings in the options file (") + Options::kFileName +
+                    ") are out of range; their defaults are used instead:" + fixes,
+                0, "Options Out of Range", "powerup2.mp3");
 }
 
 std::string OptionsFile::OptionsText() const {

@@ -20,6 +20,9 @@ class OptionsFile {
   std::string OptionsText() const;
 
  private:
+  // Settings out of their range are reported once and replaced by their defaults.
+  void CorrectSettings();
+
   Options& opts;
   DebugLog& dbg;
   DebugSession& session;

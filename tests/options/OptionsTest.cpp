@@ -82,7 +82,7 @@ TEST(OptionsFile, SaveThenLoadRestoresEveryFieldButTheTwoQuirks) {
   o.gopOpts.push_back({"Ann, the first", "pass word", 6, "Mine", cp, 0, 4, 0, 0, 7, 5, -1, -1});
   cp.resize(6);
   cp[5] = NumberedProfile("Bob's", 32767);
-  o.gopOpts.push_back({"Bob", "", 0, "(Temporary)", cp, 0, 1, -1, -1, -2, 3, 0, 0});
+  o.gopOpts.push_back({"Bob", "", 0, "(Temporary)", cp, 0, 1, -1, -1, 9, 3, 0, 0});
   o.gnOptMax = 2;
   o.gnOpt = 2;
   const std::vector<OptionProfile> saved = o.gopOpts;
@@ -172,13 +172,13 @@ TEST(OptionsFile, ReaderFollowsTheTwoCursors) {
 TEST(OptionsFile, ValuesAreReadAsNumbersIntegersAndFlags) {
   TempDir dir;
   Loaded l(R"("OptionNum",1|"Grid","abc"|"Sound",7|"Safe","-1"|"DownServers"," 0 "|"Diff",2.5|"MapSize",3.5|)"
-           R"("StartSite","4xyz"|"ControlProfileNum",-1|"UserName",Bare Name  |"Password","a""b"|)"
+           R"("StartSite","4xyz"|"ControlProfileNum",3.4|"UserName",Bare Name  |"Password","a""b"|)"
            R"("Version","x","extra")");
   EXPECT_TRUE(l.w.messages.empty());
   const OptionProfile& r = l.Rec(1);
   EXPECT_EQ(
       std::vector<int>({r.bGrid, r.bSound, r.bSafe, r.bDownServers, r.nDiff, r.nMapSize, r.nStartSite, r.nProfile}),
-      std::vector<int>({0, -1, -1, 0, 2, 4, 4, -1}));
+      std::vector<int>({0, -1, -1, 0, 2, 4, 4, 3}));
   EXPECT_EQ(r.szUserName, "Bare Name");
   EXPECT_EQ(r.szPassword, "a");  // a quote ends the string early
 }
@@ -269,4 +269,23 @@ TEST(OptionsFile, ReadOnlyDirectoryRaisesPermissionDeniedAndKeepsTheOldFile) {
 }
 
 }  // namespace
+TEST(OptionsFile, SettingsOutOfRangeAreReportedOnceAndReplaced) {
+  TempDir dir;
+  // Out of range in two records: each named once, in one box; everything else of the file kept.
+  Loaded l(R"("LastOption"," 2"|"OptionNum",1|"UserName","Ann"|"Diff",0|"StartSite",12|"Grid",0|)"
+           R"("OptionNum",2|"UserName","Bob"|"ControlProfileBegin",5|"CPName","Mine"|"CPMoveUp",113|)"
+           R"("ControlProfileNum",9|"MapSize",-1|"Diff",9)");
+  ASSERT_EQ(Shown(l.w).size(), 1u);
+  EXPECT_EQ(Shown(l.w)[0],
+            "Options Out of Range: Some settings in the options file (sw.opt) are out of range; their defaults are "
+            "used instead:\nDifficulty 0 of Ann: 2 used\nStarting site 12 of Ann: 0 used\nDifficulty 9 of Bob: 2 "
+            "used\nMap size -1 of Bob: 3 used\nControl profile 9 of Bob: 1 used");
+  EXPECT_EQ(std::vector<int>({l.Rec(1).nDiff, l.Rec(1).nStartSite, l.Rec(1).bGrid, l.Rec(2).nDiff, l.Rec(2).nMapSize,
+                              l.Rec(2).nProfile}),
+            std::vector<int>({2, 0, 0, 2, 3, 1}));
+  EXPECT_EQ(l.Rec(2).szProfile, "Number Pad (Default)");
+  EXPECT_EQ(l.Rec(2).cpProfile.at(5).CPMoveUp, 113);
+  EXPECT_EQ(l.sw.opts.gnOpt, 2.0);
+}
+
 }  // namespace sw::test
