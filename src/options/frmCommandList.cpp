@@ -105,16 +105,16 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
     model_.cmbProfile_Click(static_cast<int16_t>(k));
     Redraw();
   });
-  auto act = [this](QPushButton* b, void (sw::CommandListDialog::*handler)()) {
+  auto act = [this](QPushButton* b, auto handler) {
     connect(b, &QPushButton::clicked, this, [this, handler] {
-      (model_.*handler)();
+      handler();
       Redraw();
     });
   };
-  act(cmdSaveProfile, &sw::CommandListDialog::cmdSaveProfile_Click);
-  act(cmdDelProfile, &sw::CommandListDialog::cmdDelProfile_Click);
-  act(cmdHelp, &sw::CommandListDialog::cmdHelp_Click);
-  act(cmdOK, &sw::CommandListDialog::cmdOK_Click);
+  act(cmdSaveProfile, [this] { model_.cmdSaveProfile_Click(); });
+  act(cmdDelProfile, [this] { model_.cmdDelProfile_Click(); });
+  act(cmdHelp, [this] { model_.cmdHelp_Click(); });
+  act(cmdOK, [this] { model_.cmdOK_Click(); });
   connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
   // Tab walks the pad as it reads: top row first, Link and Wait last.
