@@ -298,6 +298,11 @@ void MainMenu::menMarkDL_Click() {
 // ---------------------------------------------------------------------------
 // Help
 
+void MainMenu::menHelpFile_Click() {
+  // The help opens on the help key, wherever it is pressed.
+  frmMain.SendKeys("{F1}");
+}
+
 void MainMenu::menAbout_Click() {
   Run("frmMain.menAbout_Click", [this] {
     const std::string nl = "\n";

@@ -47,6 +47,7 @@ class MainMenu {
   void menUseDL_Click();
   void menClearDL_Click();
   void menMarkDL_Click();
+  void menHelpFile_Click();
   void menAbout_Click();
   void menCredits_Click();
 

@@ -97,6 +97,9 @@ class IMainWindow {
   // What the player did is left in the dialog's own state.
   virtual void ShowDialog(Dialog which) = 0;
 
+  // Sends key strokes to the window, as typed ("{F1}": the help key).
+  virtual void SendKeys(const std::string& keys) = 0;
+
   // Ends the program: the window closes and the event loop returns.
   virtual void EndProgram() = 0;
 };

@@ -359,6 +359,12 @@ void frmMain::ReturnFocus() {
   setFocus();
 }
 
+void frmMain::SendKeys(const std::string& keys) {
+  if (keys != "{F1}") return;
+  QCoreApplication::postEvent(this, new QKeyEvent(QEvent::KeyPress, Qt::Key_F1, Qt::NoModifier));
+  QCoreApplication::postEvent(this, new QKeyEvent(QEvent::KeyRelease, Qt::Key_F1, Qt::NoModifier));
+}
+
 void frmMain::EndProgram() {
   quitting_ = true;
   QCoreApplication::exit(0);

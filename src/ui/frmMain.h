@@ -59,6 +59,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void SetMenuChecked(sw::Menu item, bool checked) override;
   void SetMenuEnabled(sw::Menu item, bool enabled) override;
   void EndProgram() override;
+  void SendKeys(const std::string& keys) override;
   void ShowDialog(sw::Dialog which) override;
 
   // &HBBGGRR values and system colours as Qt colours.

@@ -273,6 +273,7 @@ void frmMain::BuildMenus() {
   onClick(menMarkDL, [&m] { m.menMarkDL_Click(); });
   onClick(menCredits, [&m] { m.menCredits_Click(); });
   onClick(menAbout, [&m] { m.menAbout_Click(); });
+  onClick(menHelpFile, [&m] { m.menHelpFile_Click(); });
 }
 
 }  // namespace swui

@@ -5,12 +5,14 @@
 #include <cstdlib>
 
 #include "ui/SignalEnd.h"
+#include "ui/frmHelp.h"
 #include "ui/frmMain.h"
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion("1.14");
+  swui::InstallHelpKey(app);
   swui::frmMain frmMain;
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
   frmMain.setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));

@@ -75,6 +75,8 @@ class FakeWindow : public IMainWindow {
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
   void EndProgram() override { ++ended; }
+  std::vector<std::string> keysSent;
+  void SendKeys(const std::string& keys) override { keysSent.push_back(keys); }
   void ShowDialog(Dialog which) override {
     dialogs.push_back(which);
     if (onDialog) onDialog(which);
