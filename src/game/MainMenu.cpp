@@ -166,10 +166,10 @@ void MainMenu::menQuit_Click() {
 }
 
 void MainMenu::EndSession() {
-  Run("frmMain.menQuit_Click", [this] { optsFile.SaveOptions(); });
-  Run("frmMain.menQuit_Click", [this] {
+  Run("EndSession", [this] { optsFile.SaveOptions(); });
+  Run("EndSession", [this] {
     if (dbg.On()) {
-      dbg.DebugWrite(Trace("frmMain.menQuit_Click"));
+      dbg.DebugWrite(Trace("EndSession"), true);
       dbg.DebugExit();
     }
   });
