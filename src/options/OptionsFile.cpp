@@ -223,7 +223,8 @@ void OptionsFile::SaveOptions() {
     dbg.DebugWrite(
         Trace("SaveOptions").Var("gnOpt", opts.gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(opts.gopOpts.size()) - 1));
   }
-  WriteFileAtomic(Options::kFileName, OptionsText());
+  // It holds passwords: readable by its owner only.
+  WriteFileAtomic(Options::kFileName, OptionsText(), 0600);
 }
 
 }  // namespace sw

@@ -5,6 +5,7 @@
 #include <unistd.h>
 
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 
 #include "runtime/RuntimeError.h"
@@ -63,12 +64,55 @@ std::string ReadDataFile(const std::string& name) {
   return ReadWholeFile(name);
 }
 
-void WriteFileAtomic(const std::string& name, const std::string& bytes) {
+namespace {
+
+// The file a name stands for: a symbolic link is written through to its target.
+std::string Target(const std::string& name) {
+  std::string path = name;
+  for (int hops = 0; hops < 16; ++hops) {
+    struct stat st {};
+    if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return path;
+    std::string link(4096, '\0');
+    const ssize_t n = ::readlink(path.c_str(), link.data(), link.size());
+    if (n <= 0) return path;
+    link.resize(static_cast<size_t>(n));
+    const size_t slash = path.rfind('/');
+    path = (link[0] == '/' || slash == std::string::npos) ? link : path.substr(0, slash + 1) + link;
+  }
+  return path;
+}
+
+void SyncDirectoryOf(const std::string& path) {
+  const size_t slash = path.rfind('/');
+  const std::string dir = slash == std::string::npos ? "." : (slash == 0 ? "/" : path.substr(0, slash));
+  const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
+}
+
+}  // namespace
+
+void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t newMode) {
   if (name.empty()) throw RuntimeError(errBadFileName);
-  const std::string tmp = name + ".new";
-  const int fd = ::open(tmp.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  // Past a file-size limit a write must fail with an error, not kill the game.
+  static const bool bIgnoreFileSizeSignal = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
+  (void)bIgnoreFileSizeSignal;
+
+  const std::string path = Target(name);
+  mode_t mode = newMode;
+  struct stat st {};
+  if (::stat(path.c_str(), &st) == 0) {
+    // A file its owner made read-only stays as it is; one that is kept keeps its mode.
+    if ((st.st_mode & 0222) == 0) throw RuntimeError(errPermission);
+    mode = st.st_mode & 07777;
+  }
+  // A temporary of its own beside the file: two games in one directory never share one.
+  std::string tmp = path + ".XXXXXX";
+  const int fd = ::mkostemp(tmp.data(), O_CLOEXEC);
   if (fd < 0) throw RuntimeError::FromErrno(errno);
   try {
+    if (::fchmod(fd, mode) != 0) throw RuntimeError::FromErrno(errno);
     WriteAll(fd, bytes);
     if (::fsync(fd) != 0 && errno != EINVAL && errno != EROFS) throw RuntimeError::FromErrno(errno);
   } catch (...) {
@@ -81,11 +125,12 @@ void WriteFileAtomic(const std::string& name, const std::string& bytes) {
     ::unlink(tmp.c_str());
     throw RuntimeError::FromErrno(err);
   }
-  if (std::rename(tmp.c_str(), name.c_str()) != 0) {
+  if (std::rename(tmp.c_str(), path.c_str()) != 0) {
     const int err = errno;
     ::unlink(tmp.c_str());
     throw RuntimeError::FromErrno(err);
   }
+  SyncDirectoryOf(path);
 }
 
 void WriteFile(const std::string& name, const std::string& bytes) {

@@ -44,7 +44,8 @@ RuntimeError RuntimeError::FromErrno(int err) {
     case EPERM:
     case EROFS: return RuntimeError(errPermission);
     case ENOSPC:
-    case EDQUOT: return RuntimeError(errDiskFull);
+    case EDQUOT:
+    case EFBIG: return RuntimeError(errDiskFull);  // a file-size limit is a full disk to the player
     case EIO: return RuntimeError(errDeviceIO);
     case ENAMETOOLONG:
     case EINVAL: return RuntimeError(errBadFileName);

@@ -251,9 +251,28 @@ TEST(OptionsFile, SaveFailuresGoToTheCallerAndLeaveTheOldFile) {
   a.sw.opts.gnOpt = 30;  // the profile name comes from a record that does not exist
   EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 9);
   a.sw.opts.gnOpt = 1;
-  fs::create_directory(std::string(Options::kFileName) + ".new");
-  EXPECT_NE(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 0);
+  EXPECT_EQ(fs::status(Options::kFileName).permissions() & fs::perms::all,
+            fs::perms::owner_read | fs::perms::owner_write);  // it holds passwords
+  fs::permissions(Options::kFileName, fs::perms::owner_read);  // read-only: refused, left as it is
+  EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 70);
   EXPECT_EQ(Slurp(Options::kFileName), old);
+  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
+}
+
+TEST(OptionsFile, SavingKeepsTheModeAndWritesThroughALink) {
+  TempDir dir;
+  App a;
+  AddPlayer(a.sw.opts, "Ann");
+  a.sw.opts.gnOpt = 1;
+  Spit("real.opt", "old");
+  fs::permissions("real.opt", fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::create_symlink("real.opt", Options::kFileName);
+  a.sw.optsFile.SaveOptions();
+  EXPECT_TRUE(fs::is_symlink(Options::kFileName));
+  EXPECT_EQ(Slurp("real.opt").rfind("\"Version\"", 0), 0u);
+  EXPECT_EQ(fs::status("real.opt").permissions() & fs::perms::all,
+            fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  EXPECT_EQ(DirNames(), (std::set<std::string>{"real.opt", Options::kFileName}));
 }
 
 TEST(OptionsFile, ReadOnlyDirectoryRaisesPermissionDeniedAndKeepsTheOldFile) {
