@@ -15,6 +15,9 @@ namespace sw {
 namespace {
 
 void WriteAll(int fd, const std::string& bytes) {
+  // Past a file-size limit a write must fail with an error, not kill the game.
+  static const bool bIgnoreFileSizeSignal = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
+  (void)bIgnoreFileSizeSignal;
   size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
@@ -95,9 +98,6 @@ void SyncDirectoryOf(const std::string& path) {
 
 void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t newMode) {
   if (name.empty()) throw RuntimeError(errBadFileName);
-  // Past a file-size limit a write must fail with an error, not kill the game.
-  static const bool bIgnoreFileSizeSignal = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
-  (void)bIgnoreFileSizeSignal;
 
   const std::string path = Target(name);
   mode_t mode = newMode;

@@ -1,6 +1,7 @@
 #include <QApplication>
 #include <QIcon>
 #include <QLabel>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 
@@ -9,6 +10,8 @@
 #include "ui/frmMain.h"
 
 int main(int argc, char* argv[]) {
+  // Past a file-size limit a write fails with an error the game reports, instead of killing it.
+  std::signal(SIGXFSZ, SIG_IGN);
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion("1.14");
