@@ -1,12 +1,39 @@
 #include "ui/frmMsgBox.h"
 
+#include <QEvent>
+#include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
+#include <QStyle>
+#include <QWindow>
 #include <algorithm>
 
 namespace swui {
 
 std::function<int16_t(frmMsgBox&)> frmMsgBox::testAnswer;
+std::optional<QMargins> frmMsgBox::testFrame;
+QMargins frmMsgBox::lastFrame_;
+
+QMargins frmMsgBox::FrameMargins(const QWidget* owner) {
+  if (testFrame) return *testFrame;
+  if (!lastFrame_.isNull()) return lastFrame_;
+  // Before any box has been shown, the main window's frame is the best guess:
+  // the same window manager draws both.
+  if (owner != nullptr) {
+    const QWidget* top = owner->window();
+    if (top->isVisible() && top->windowHandle() != nullptr) return top->windowHandle()->frameMargins();
+  }
+  return {};
+}
+
+int frmMsgBox::TitleBarWidth(const QString& title) const {
+  const int text = lblTitleTest->fontMetrics().horizontalAdvance(title);
+  // The bar holds the window icon on the left and the close button on the
+  // right, each about as wide as the bar is high.
+  const int barHeight = std::max(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this),
+                                 lblTitleTest->fontMetrics().height() + 6);
+  return text + 2 * barHeight + barHeight / 2;
+}
 
 frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW,
                                            int32_t windowW, int16_t nButtons) {
@@ -51,7 +78,8 @@ frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t
 }
 
 frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
-    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint),
+    : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
+                         Qt::MSWindowsFixedSizeDialogHint),
       tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}),
       ownerWidth_(ownerWidth) {
   setObjectName("frmMsgBox");
@@ -74,6 +102,10 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   lblTitleTest = new QLabel(this);
   lblTitleTest->setObjectName("lblTitleTest");
   lblTitleTest->setTextFormat(Qt::PlainText);
+  // Title bars show their text in a bold face.
+  QFont titleFont = QFontDatabase::systemFont(QFontDatabase::TitleFont);
+  titleFont.setBold(true);
+  lblTitleTest->setFont(titleFont);
   lblTitleTest->hide();
 
   lblMesg = new QLabel(this);
@@ -99,7 +131,7 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
   const int wrapWpx = tw_.X(ownerWidth_);
   const int wrappedHpx = std::max(lblMesg->heightForWidth(wrapWpx), lineHeight);
   lblMesg->setWordWrap(false);
-  const int titleWpx = lblTitleTest->sizeHint().width();
+  const int titleWpx = TitleBarWidth(szTitle);
 
   layout_ = ComputeLayout(tw_.FromX(textWpx), tw_.FromY(textHpx), tw_.FromY(wrappedHpx), tw_.FromX(titleWpx),
                           ownerWidth_, nButtons);
@@ -135,8 +167,34 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
     shown[i]->setGeometry(tw_.X(layout_.btnLeft[i]), tw_.Y(layout_.btnTop), tw_.X(layout_.btnWidth),
                           tw_.Y(layout_.btnHeight));
   }
-  setFixedSize(tw_.X(layout_.width), tw_.Y(layout_.height));
+  FitFrame(FrameMargins(parentWidget()));
   if (defaultButton_ != nullptr) defaultButton_->setFocus();
+}
+
+void frmMsgBox::FitFrame(const QMargins& frame) {
+  frame_ = frame;
+  setFixedSize(std::max(1, tw_.X(layout_.width) - frame.left() - frame.right()),
+               std::max(1, tw_.Y(layout_.height) - frame.top() - frame.bottom()));
+}
+
+bool frmMsgBox::event(QEvent* e) {
+  const bool handled = QDialog::event(e);
+  // Once the window manager has framed the box, its real frame is known:
+  // keep the outer size, and remember the frame for the next box.
+  switch (e->type()) {
+    case QEvent::Show:
+    case QEvent::Move:
+    case QEvent::WindowActivate:
+      if (!testFrame && windowHandle() != nullptr) {
+        const QMargins real = windowHandle()->frameMargins();
+        if (!real.isNull()) lastFrame_ = real;
+        if (!real.isNull() && real != frame_) FitFrame(real);
+      }
+      break;
+    default:
+      break;
+  }
+  return handled;
 }
 
 int16_t frmMsgBox::ShowModal() {
@@ -145,7 +203,7 @@ int16_t frmMsgBox::ShowModal() {
   // Centred over the main window.
   if (QWidget* owner = parentWidget()) {
     const QPoint centre = owner->mapToGlobal(owner->rect().center());
-    move(centre - QPoint(width() / 2, height() / 2));
+    move(centre - QPoint(tw_.X(layout_.width) / 2, tw_.Y(layout_.height) / 2));
   }
   exec();
   return answer_;

@@ -3,9 +3,11 @@
 // text, picks one of three button sets and shows it modally over the main
 // window. Geometry is worked out in twips and converted to pixels.
 #include <QDialog>
+#include <QMargins>
 #include <QString>
 #include <cstdint>
 #include <functional>
+#include <optional>
 
 #include "ui/Twips.h"
 
@@ -23,7 +25,8 @@ class frmMsgBox : public QDialog {
   static constexpr int32_t kButtonWidth = 1235;
   static constexpr int32_t kButtonHeight = 375;
 
-  // Where everything goes, in twips. width and height are the client area.
+  // Where everything goes, in twips: controls inside the box, width and height
+  // of the whole box with its title bar and borders.
   struct Layout {
     int32_t lblLeft = kMesgLeft;
     int32_t lblTop = kMesgTop;
@@ -44,10 +47,22 @@ class frmMsgBox : public QDialog {
   static Layout ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW, int32_t windowW,
                               int16_t nButtons);
 
+  // The frame that the window system puts around a box (title bar and
+  // borders), in pixels: what the last box shown really had, else what the
+  // owner's window has; none where nothing draws a frame (offscreen).
+  static QMargins FrameMargins(const QWidget* owner);
+  // Tests: when set, the frame that FrameMargins reports.
+  static std::optional<QMargins> testFrame;
+
+  // The width that the title needs in the title bar, in pixels: its text in
+  // the title bar's bold font, the window icon and the close button.
+  int TitleBarWidth(const QString& title) const;
+
   // owner: the main window; ownerWidth: its width in twips (where long text wraps).
   frmMsgBox(QWidget* owner, int32_t ownerWidth);
 
-  // Caption, message, button set and geometry.
+  // Caption, message, button set and geometry. The layout's width and height
+  // are the outer size of the box, frame included.
   void Setup(const QString& text, int16_t nButtons, const QString& szTitle);
   // Shows the box modally; the answer code, or 0 when no button was pressed.
   int16_t ShowModal();
@@ -71,7 +86,13 @@ class frmMsgBox : public QDialog {
  public slots:
   void reject() override;
 
+ protected:
+  bool event(QEvent* e) override;
+
  private:
+  // Sizes the inside so that the box with its frame has the layout's size.
+  void FitFrame(const QMargins& frame);
+
   void Answered(int16_t code);
 
   Twips tw_;
@@ -80,6 +101,8 @@ class frmMsgBox : public QDialog {
   int16_t answer_ = 0;
   QPushButton* defaultButton_ = nullptr;
   QPushButton* cancelButton_ = nullptr;
+  QMargins frame_;
+  static QMargins lastFrame_;
 };
 
 }  // namespace swui

@@ -84,7 +84,7 @@ class TestFrmMsgBox : public QObject {
       QCOMPARE(box.lblMesg->wordWrap(), wrapped);
       if (wrapped)  // at the main window's width: four lines at least
         QVERIFY(l.lblWidth == kWindowWidth && l.lblHeight >= 4 * tw.FromY(box.lblMesg->fontMetrics().height()) - 4);
-      if (title.size() > 40) QCOMPARE(l.lblWidth, tw.FromX(box.lblTitleTest->sizeHint().width()));
+      if (title.size() > 40) QCOMPARE(l.lblWidth, tw.FromX(box.TitleBarWidth(title)));
       QPushButton* first = nButtons == 4 ? box.cmdYes : box.cmdOK;
       QPushButton* second = nButtons == 4 ? box.cmdNo : nButtons == 1 ? box.cmdCancel : nullptr;
       QVERIFY(first->isDefault());
@@ -93,6 +93,16 @@ class TestFrmMsgBox : public QObject {
       QCOMPARE(first->geometry(), QRect(tw.X(l.btnLeft[0]), tw.Y(l.btnTop), tw.X(1235), tw.Y(375)));
       if (second != nullptr) QCOMPARE(second->geometry().topLeft(), QPoint(tw.X(l.btnLeft[1]), tw.Y(l.btnTop)));
     }
+  }
+
+  void frameIsPartOfTheOuterSize() {
+    // A title bar 24 px high and 3 px borders: the inside is what is left.
+    frmMsgBox::testFrame = QMargins(3, 24, 3, 3);
+    frmMsgBox box(&owner_, kWindowWidth);
+    box.Setup("Done.", 0, "Hi");
+    frmMsgBox::testFrame.reset();
+    const swui::Twips& tw = box.twips();
+    QCOMPARE(box.size(), QSize(tw.X(1595) - 6, tw.Y(box.layout().height) - 27));
   }
 
   void enterAndEscapeAnswer() {
