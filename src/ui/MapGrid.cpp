@@ -1,7 +1,8 @@
 #include "ui/MapGrid.h"
 
-#include <QHeaderView>
+#include <QPaintEvent>
 #include <QPainter>
+#include <algorithm>
 #include <QSvgRenderer>
 
 namespace swui {
@@ -26,25 +27,6 @@ const char* PictureFile(sw::Picture pic) {
   }
   return nullptr;
 }
-
-class CellDelegate : public QStyledItemDelegate {
- public:
-  CellDelegate(const PictureSet& pictures, QObject* parent) : QStyledItemDelegate(parent), pictures_(pictures) {}
-
-  void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
-    const auto pic = static_cast<sw::Picture>(index.data(MapGrid::kPictureRole).toInt());
-    if (pic == sw::Picture::None) return;
-    const QRect r = option.rect;
-    const int size = std::min(r.width(), r.height());
-    if (size <= 0) return;
-    const qreal dpr = painter->device() != nullptr ? painter->device()->devicePixelRatioF() : 1.0;
-    const QPixmap pm = pictures_.Pixmap(pic, size, dpr);
-    painter->drawPixmap(QPoint(r.left() + (r.width() - size) / 2, r.top() + (r.height() - size) / 2), pm);
-  }
-
- private:
-  const PictureSet& pictures_;
-};
 
 }  // namespace
 
@@ -98,86 +80,148 @@ QString PictureSet::AccessibleText(sw::Picture pic) {
   return QString();
 }
 
-MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QTableWidget(parent) {
+namespace {
+
+QColor Mix(const QColor& a, const QColor& b, double t) {
+  auto mix = [t](int x, int y) { return qRound(x + (y - x) * t); };
+  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+}
+
+}  // namespace
+
+MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {
   setObjectName("grdMap");
   setAccessibleName("grdMap");
-  horizontalHeader()->hide();
-  verticalHeader()->hide();
-  horizontalHeader()->setMinimumSectionSize(1);
-  verticalHeader()->setMinimumSectionSize(1);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  setEditTriggers(QAbstractItemView::NoEditTriggers);
-  setSelectionMode(QAbstractItemView::NoSelection);
   setFocusPolicy(Qt::NoFocus);
-  setTabKeyNavigation(false);
-  setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setFrameShape(QFrame::NoFrame);
-  setWordWrap(false);
-  setCornerButtonEnabled(false);
-  setItemDelegate(new CellDelegate(pictures, this));
+  // Every pixel is painted from the backdrop: nothing to clear first.
+  setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
 void MapGrid::SetDimensions(int cols, int rows) {
-  if (columnCount() == cols && rowCount() == rows) return;
-  setColumnCount(cols);
-  setRowCount(rows);
-  for (int r = 0; r < rows; ++r)
-    for (int c = 0; c < cols; ++c)
-      if (item(r, c) == nullptr) {
-        auto* it = new QTableWidgetItem();
-        it->setFlags(Qt::ItemIsEnabled);
-        it->setData(kPictureRole, 0);
-        setItem(r, c, it);
-      }
-  CentreCells();
+  if (cols_ == cols && rows_ == rows) return;
+  cols_ = std::max(0, cols);
+  rows_ = std::max(0, rows);
+  cells_.assign(static_cast<size_t>(cols_) * static_cast<size_t>(rows_), sw::Picture::None);
+  RebuildBackdrop();
+  update();
 }
 
 void MapGrid::SetCellSize(int widthPx, int heightPx) {
-  for (int c = 0; c < columnCount(); ++c) setColumnWidth(c, widthPx);
-  for (int r = 0; r < rowCount(); ++r) setRowHeight(r, heightPx);
-  CentreCells();
+  if (cellW_ == widthPx && cellH_ == heightPx) return;
+  cellW_ = std::max(1, widthPx);
+  cellH_ = std::max(1, heightPx);
+  RebuildBackdrop();
+  update();
+}
+
+void MapGrid::setShowGrid(bool on) {
+  if (showGrid_ == on) return;
+  showGrid_ = on;
+  RebuildBackdrop();
+  update();
 }
 
 void MapGrid::SetPicture(int col, int row, sw::Picture pic) {
-  QTableWidgetItem* it = item(row, col);
-  if (it == nullptr) return;
-  it->setData(kPictureRole, static_cast<int>(pic));
-  it->setData(Qt::AccessibleTextRole, PictureSet::AccessibleText(pic));
+  if (col < 0 || row < 0 || col >= cols_ || row >= rows_) return;
+  sw::Picture& cell = cells_[static_cast<size_t>(row) * static_cast<size_t>(cols_) + static_cast<size_t>(col)];
+  if (cell == pic) return;
+  cell = pic;
+  update(CellRect(col, row));
 }
 
 sw::Picture MapGrid::PictureAt(int col, int row) const {
-  const QTableWidgetItem* it = item(row, col);
-  return it == nullptr ? sw::Picture::None : static_cast<sw::Picture>(it->data(kPictureRole).toInt());
+  if (col < 0 || row < 0 || col >= cols_ || row >= rows_) return sw::Picture::None;
+  return cells_[static_cast<size_t>(row) * static_cast<size_t>(cols_) + static_cast<size_t>(col)];
 }
 
-void MapGrid::CentreCells() {
-  int w = 0, h = 0;
-  for (int c = 0; c < columnCount(); ++c) w += columnWidth(c);
-  for (int r = 0; r < rowCount(); ++r) h += rowHeight(r);
-  const int left = std::max(0, (width() - w) / 2);
-  const int top = std::max(0, (height() - h) / 2);
-  setViewportMargins(left, top, std::max(0, width() - w - left), std::max(0, height() - h - top));
+QPoint MapGrid::Origin() const {
+  // The block of cells sits centred in the control.
+  return {std::max(0, (width() - cols_ * cellW_) / 2), std::max(0, (height() - rows_ * cellH_) / 2)};
+}
+
+QRect MapGrid::CellRect(int col, int row) const {
+  const QPoint o = Origin();
+  return {o.x() + col * cellW_, o.y() + row * cellH_, cellW_, cellH_};
+}
+
+QColor MapGrid::BoardColor() const {
+  // A quiet board a shade away from the window, so that the pictures stand out.
+  const QPalette& pal = palette();
+  return Mix(pal.color(QPalette::Base), pal.color(QPalette::Window), 0.35);
+}
+
+QColor MapGrid::LineColor() const {
+  return Mix(BoardColor(), palette().color(QPalette::Text), 0.12);
+}
+
+void MapGrid::RebuildBackdrop() {
+  const qreal dpr = devicePixelRatioF();
+  if (width() <= 0 || height() <= 0) {
+    backdrop_ = QPixmap();
+    return;
+  }
+  QPixmap pm(QSize(qRound(width() * dpr), qRound(height() * dpr)));
+  pm.setDevicePixelRatio(dpr);
+  QPainter p(&pm);
+  p.fillRect(QRect(0, 0, width(), height()), palette().color(QPalette::Window));
+  const QPoint o = Origin();
+  const QRect board(o.x(), o.y(), cols_ * cellW_, rows_ * cellH_);
+  p.fillRect(board, BoardColor());
+  if (showGrid_ && cols_ > 0 && rows_ > 0) {
+    // Each cell has its line on the right and at the bottom; the block is closed on the left and top.
+    p.setPen(QPen(LineColor(), 0));
+    for (int c = 0; c <= cols_; ++c) {
+      const int x = c == 0 ? board.left() : board.left() + c * cellW_ - 1;
+      p.drawLine(x, board.top(), x, board.bottom());
+    }
+    for (int r = 0; r <= rows_; ++r) {
+      const int y = r == 0 ? board.top() : board.top() + r * cellH_ - 1;
+      p.drawLine(board.left(), y, board.right(), y);
+    }
+  }
+  backdrop_ = pm;
 }
 
 void MapGrid::paintEvent(QPaintEvent* e) {
-  QTableWidget::paintEvent(e);
-  if (!showGrid()) return;
-  // The view draws each cell's right and bottom line; close the block on the left and top.
-  QPainter p(viewport());
-  QStyleOptionViewItem opt;
-  initViewItemOption(&opt);
-  p.setPen(QColor::fromRgba(static_cast<QRgb>(style()->styleHint(QStyle::SH_Table_GridLineColor, &opt, this))));
-  const int w = horizontalHeader()->length();
-  const int h = verticalHeader()->length();
-  p.drawLine(0, 0, w - 1, 0);
-  p.drawLine(0, 0, 0, h - 1);
+  QPainter p(this);
+  const QRect dirty = e->rect();
+  if (backdrop_.isNull() || !qFuzzyCompare(backdrop_.devicePixelRatio(), devicePixelRatioF())) RebuildBackdrop();
+  const qreal dpr = backdrop_.devicePixelRatio();
+  p.drawPixmap(dirty, backdrop_,
+               QRectF(dirty.x() * dpr, dirty.y() * dpr, dirty.width() * dpr, dirty.height() * dpr));
+  if (cols_ == 0 || rows_ == 0) return;
+  // Only the cells that the dirty rectangle touches.
+  const QPoint o = Origin();
+  const int c0 = std::clamp((dirty.left() - o.x()) / cellW_, 0, cols_ - 1);
+  const int c1 = std::clamp((dirty.right() - o.x()) / cellW_, 0, cols_ - 1);
+  const int r0 = std::clamp((dirty.top() - o.y()) / cellH_, 0, rows_ - 1);
+  const int r1 = std::clamp((dirty.bottom() - o.y()) / cellH_, 0, rows_ - 1);
+  // Inside the grid lines of the right and bottom edges.
+  const int inner = std::min(cellW_, cellH_) - (showGrid_ ? 1 : 0);
+  if (inner <= 0) return;
+  const qreal pdpr = p.device()->devicePixelRatioF();
+  for (int r = r0; r <= r1; ++r)
+    for (int c = c0; c <= c1; ++c) {
+      const sw::Picture pic = cells_[static_cast<size_t>(r) * static_cast<size_t>(cols_) + static_cast<size_t>(c)];
+      if (pic == sw::Picture::None) continue;
+      const QRect cell = CellRect(c, r);
+      const int w = cell.width() - (showGrid_ ? 1 : 0), h = cell.height() - (showGrid_ ? 1 : 0);
+      p.drawPixmap(QPoint(cell.left() + (w - inner) / 2, cell.top() + (h - inner) / 2),
+                   pictures_.Pixmap(pic, inner, pdpr));
+    }
 }
 
 void MapGrid::resizeEvent(QResizeEvent* e) {
-  QTableWidget::resizeEvent(e);
-  CentreCells();
+  QWidget::resizeEvent(e);
+  RebuildBackdrop();
+}
+
+void MapGrid::changeEvent(QEvent* e) {
+  QWidget::changeEvent(e);
+  if (e->type() == QEvent::PaletteChange || e->type() == QEvent::StyleChange) {
+    RebuildBackdrop();
+    update();
+  }
 }
 
 }  // namespace swui

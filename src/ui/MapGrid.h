@@ -1,13 +1,13 @@
 #pragma once
 // grdMap: the map grid, one picture per cell. Pictures are the SVG templates
 // rendered at the screen's device pixel ratio, so they stay crisp at any
-// scale. Cells are not editable, not selectable and take no keyboard focus.
+// scale. The board takes no keyboard focus.
 #include <QHash>
 #include <QPixmap>
-#include <QStyledItemDelegate>
-#include <QTableWidget>
+#include <QWidget>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "game/MainWindow.h"
 
@@ -31,24 +31,49 @@ class PictureSet {
   mutable QHash<quint64, QPixmap> cache_;
 };
 
-class MapGrid : public QTableWidget {
+// grdMap: the board. It keeps the picture of every cell and paints only the
+// cells that changed; the board with its grid lines is drawn once into a
+// backdrop whenever its size, cells or colours change, not on every move.
+class MapGrid : public QWidget {
   Q_OBJECT
  public:
-  static constexpr int kPictureRole = Qt::UserRole + 1;
-
   MapGrid(const PictureSet& pictures, QWidget* parent = nullptr);
 
-  // Columns and rows, each cell holding an empty picture.
+  // Columns and rows, every cell empty.
   void SetDimensions(int cols, int rows);
   void SetCellSize(int widthPx, int heightPx);
+  void setShowGrid(bool on);
+  bool showGrid() const { return showGrid_; }
+  int columnCount() const { return cols_; }
+  int rowCount() const { return rows_; }
+  int columnWidth(int) const { return cellW_; }
+  int rowHeight(int) const { return cellH_; }
+
   void SetPicture(int col, int row, sw::Picture pic);
   sw::Picture PictureAt(int col, int row) const;
-  // The block of cells sits centred in the control.
-  void CentreCells();
+  // What a cell shows, in words, for assistive technology.
+  QString CellText(int col, int row) const { return PictureSet::AccessibleText(PictureAt(col, row)); }
+  // Where a cell is drawn, in the board's coordinates.
+  QRect CellRect(int col, int row) const;
+  // The board's colours, taken from the window's palette.
+  QColor BoardColor() const;
+  QColor LineColor() const;
 
  protected:
-  void resizeEvent(QResizeEvent* e) override;
   void paintEvent(QPaintEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+  void changeEvent(QEvent* e) override;
+
+ private:
+  QPoint Origin() const;
+  void RebuildBackdrop();
+
+  const PictureSet& pictures_;
+  std::vector<sw::Picture> cells_;
+  int cols_ = 0, rows_ = 0;
+  int cellW_ = 1, cellH_ = 1;
+  bool showGrid_ = true;
+  QPixmap backdrop_;
 };
 
 }  // namespace swui

@@ -72,18 +72,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
 
   grdMap = new MapGrid(pictures_, central_);
   grdMap->setMouseTracking(true);
-  grdMap->viewport()->setMouseTracking(true);
-  grdMap->viewport()->installEventFilter(this);
   grdMap->installEventFilter(this);
-  {
-    // A light board of cells, framed by a slate surround.
-    QPalette pal = grdMap->palette();
-    pal.setColor(QPalette::Base, QColor(0xF4, 0xF6, 0xF8));
-    pal.setColor(QPalette::Window, QColor(0x4A, 0x55, 0x68));
-    grdMap->setPalette(pal);
-    grdMap->setAutoFillBackground(true);
-    grdMap->setStyleSheet(QStringLiteral("QTableView { gridline-color: #C5CCD6; }"));
-  }
 
   BuildInfoBar();
   BuildMenus();
@@ -187,7 +176,8 @@ void frmMain::SetCellPicture(int16_t nCol, int16_t nRow, Picture pic) {
   grdMap->SetPicture(nCol, nRow, pic);
 }
 
-void frmMain::Refresh() { repaint(); }
+// Paints what has changed since the last paint (the cells moved, a label), now.
+void frmMain::Refresh() { QCoreApplication::sendPostedEvents(window(), QEvent::UpdateRequest); }
 
 void frmMain::SetWindowSize(int32_t widthTw, int32_t heightTw, int32_t infoBarWidthTw) {
   // The client area holds the grid with the information bar below it; the

@@ -24,7 +24,7 @@ Picture Expected(const sw::GameState& g, int col, int row) {
 }
 
 QString CellText(const frmMain& w, int col, int row) {
-  return w.grdMap->item(row, col)->data(Qt::AccessibleTextRole).toString();
+  return w.grdMap->CellText(col, row);
 }
 
 // Every cell's picture and accessible text agree with the model; returns the first mismatch.

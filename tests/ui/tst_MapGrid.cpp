@@ -1,0 +1,89 @@
+// The board: a move repaints only the cells that changed, and what is painted
+// is the backdrop (board and grid lines) with the pictures on top.
+#include <QApplication>
+#include <QPaintEvent>
+#include <QTest>
+
+#include "ui/MapGrid.h"
+
+using sw::Picture;
+using swui::MapGrid;
+
+namespace {
+
+// Records the region of every paint event a widget gets.
+struct PaintLog : QObject {
+  QList<QRegion> regions;
+  bool eventFilter(QObject*, QEvent* e) override {
+    if (e->type() == QEvent::Paint) regions << static_cast<QPaintEvent*>(e)->region();
+    return false;
+  }
+};
+
+QColor At(const QImage& img, QPoint p) { return img.pixelColor(p); }
+
+}  // namespace
+
+class TestMapGrid : public QObject {
+  Q_OBJECT
+
+  swui::PictureSet pictures_;
+
+  static void Setup(MapGrid& g) {
+    g.resize(24 * 32 + 10, 14 * 32 + 6);  // a little wider than the block: it sits centred
+    g.SetDimensions(24, 14);
+    g.SetCellSize(32, 32);
+    g.show();
+  }
+
+ private slots:
+  void onlyChangedCellsRepaint() {
+    MapGrid g(pictures_);
+    Setup(g);
+    QVERIFY(QTest::qWaitForWindowExposed(&g));
+    g.SetPicture(3, 2, Picture::Player5);
+    QApplication::processEvents();
+    PaintLog log;
+    g.installEventFilter(&log);
+
+    // A move: the mouse leaves one cell for the next.
+    g.SetPicture(3, 2, Picture::None);
+    g.SetPicture(4, 2, Picture::Player6);
+    QApplication::processEvents();
+    QCOMPARE(log.regions.size(), 1);
+    QCOMPARE(log.regions[0], QRegion(g.CellRect(3, 2)) + QRegion(g.CellRect(4, 2)));
+
+    // The same picture again changes nothing and paints nothing.
+    log.regions.clear();
+    g.SetPicture(4, 2, Picture::Player6);
+    g.SetPicture(99, 2, Picture::Virus);  // off the board: ignored
+    QApplication::processEvents();
+    QVERIFY(log.regions.isEmpty());
+    QCOMPARE(g.PictureAt(4, 2), Picture::Player6);
+    QCOMPARE(g.PictureAt(99, 2), Picture::None);
+    QCOMPARE(g.CellText(4, 2), QStringLiteral("Whisk facing right"));
+  }
+
+  void paintsBoardLinesAndPictures() {
+    MapGrid g(pictures_);
+    Setup(g);
+    g.SetPicture(0, 0, Picture::Infected);
+    const QRect cell = g.CellRect(0, 0), empty = g.CellRect(5, 5);
+    QCOMPARE(cell.topLeft(), QPoint(5, 3));  // centred
+    QImage img = g.grab().toImage();
+    QCOMPARE(At(img, empty.center()), g.BoardColor());
+    QCOMPARE(At(img, empty.bottomRight()), g.LineColor());  // each cell's line on its right and bottom
+    QCOMPARE(At(img, QPoint(1, 1)), g.palette().color(QPalette::Window));  // the surround
+    QVERIFY(At(img, cell.center()) != g.BoardColor());
+    QVERIFY(g.BoardColor() != g.LineColor());
+
+    // Without grid lines the board is plain.
+    g.setShowGrid(false);
+    img = g.grab().toImage();
+    QCOMPARE(At(img, empty.bottomRight()), g.BoardColor());
+    QVERIFY(At(img, cell.center()) != g.BoardColor());
+  }
+};
+
+QTEST_MAIN(TestMapGrid)
+#include "tst_MapGrid.moc"
