@@ -76,6 +76,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
 
   BuildInfoBar();
   BuildMenus();
+  ApplyLook();
 
   customPointer_ = MakeCustomPointer(devicePixelRatioF());
   setCursor(customPointer_);
@@ -230,10 +231,11 @@ void frmMain::SetLabelColors(Label lbl, uint32_t backColor, uint32_t foreColor) 
   QLabel* l = Caption(lbl);
   if (l == nullptr) return;
   QPalette pal = l->palette();
-  pal.setColor(QPalette::Window, ToQColor(backColor));
   pal.setColor(QPalette::WindowText, ToQColor(foreColor));
   l->setPalette(pal);
-  l->setAutoFillBackground(true);
+  // The counter's tile takes the game's colour.
+  l->setProperty("gameBackColor", ToQColor(backColor));
+  l->update();
 }
 
 void frmMain::SetLabelForeColor(Label lbl, uint32_t foreColor) {

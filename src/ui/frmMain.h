@@ -119,6 +119,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void keyPressEvent(QKeyEvent* e) override;
   void closeEvent(QCloseEvent* e) override;
   bool eventFilter(QObject* watched, QEvent* e) override;
+  void changeEvent(QEvent* e) override;
 
  private:
   void BuildMenus();
@@ -126,7 +127,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void PlaceGrid();
   QWidget* DialogParent();
   void ReturnFocus();
-  QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip);
+  QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip, bool tile = false);
+  // Colours that follow the desktop's palette: muted captions and power-ups.
+  void ApplyLook();
   void SetLabelText(QLabel* label, const QString& text);
 
   Twips tw_;

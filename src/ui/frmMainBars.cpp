@@ -5,6 +5,8 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
+#include <QEvent>
+#include <QPainter>
 
 #include "ui/ProgBar.h"
 #include "ui/frmMain.h"
@@ -13,8 +15,75 @@ namespace swui {
 
 using sw::Label;
 
-QLabel* frmMain::MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip) {
-  auto* l = new QLabel(parent);
+namespace {
+
+constexpr const char* kGameBack = "gameBackColor";
+
+QColor Mix(const QColor& a, const QColor& b, double t) {
+  auto mix = [t](int x, int y) { return qRound(x + (y - x) * t); };
+  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
+}
+
+// The bar itself: the window's colour with a fine line along its top edge.
+class InfoBar : public QFrame {
+ public:
+  using QFrame::QFrame;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.fillRect(rect(), palette().color(QPalette::Window));
+    p.setPen(Mix(palette().color(QPalette::Window), palette().color(QPalette::WindowText), 0.18));
+    p.drawLine(0, 0, width() - 1, 0);
+  }
+};
+
+// A counter: its text on a softly rounded tile. The tile takes the colour
+// the game gives the label, else a shade between the window and its fields.
+class ValueLabel : public QLabel {
+ public:
+  using QLabel::QLabel;
+
+ protected:
+  void paintEvent(QPaintEvent* e) override {
+    {
+      QPainter p(this);
+      p.setRenderHint(QPainter::Antialiasing);
+      p.setPen(Qt::NoPen);
+      const QPalette& pal = palette();
+      const QVariant game = property(kGameBack);
+      p.setBrush(game.isValid() ? game.value<QColor>()
+                                : Mix(pal.color(QPalette::Base), pal.color(QPalette::Window), 0.45));
+      const qreal r = height() / 4.0;
+      p.drawRoundedRect(QRectF(rect()), r, r);
+    }
+    QLabel::paintEvent(e);
+  }
+};
+
+// A power-up's status: these are not active in this version, so the light is
+// an empty ring, drawn as something switched off rather than missing.
+class StatusLight : public QFrame {
+ public:
+  using QFrame::QFrame;
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const QColor ring = Mix(palette().color(QPalette::WindowText), palette().color(QPalette::Window), 0.55);
+    p.setPen(QPen(ring, 1.5));
+    p.setBrush(Mix(palette().color(QPalette::Window), ring, 0.15));
+    const qreal d = std::min(width(), height()) - 3.0;
+    p.drawEllipse(QRectF((width() - d) / 2, (height() - d) / 2, d, d));
+  }
+};
+
+}  // namespace
+
+QLabel* frmMain::MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip,
+                           bool tile) {
+  QLabel* l = tile ? new ValueLabel(parent) : new QLabel(parent);
   l->setObjectName(name);
   l->setTextFormat(Qt::PlainText);
   SetLabelText(l, QString::fromUtf8(caption));
@@ -29,13 +98,31 @@ void frmMain::SetLabelText(QLabel* label, const QString& text) {
   label->setAccessibleName(text);
 }
 
+void frmMain::ApplyLook() {
+  const QPalette& pal = palette();
+  const QColor muted = Mix(pal.color(QPalette::WindowText), pal.color(QPalette::Window), 0.32);
+  const QColor off = Mix(pal.color(QPalette::WindowText), pal.color(QPalette::Window), 0.55);
+  auto paint = [](QLabel* l, const QColor& c) {
+    QPalette lp = l->palette();
+    lp.setColor(QPalette::WindowText, c);
+    l->setPalette(lp);
+  };
+  for (QLabel* l : {lblScoreT, lblHighScoreT, lblReconnectsT, lbSitesHitT, lblVirusT, lblDiffT, lblNetLagT})
+    paint(l, muted);
+  // The power-ups and their download time are not active in this version.
+  for (QLabel* l : {lblPUTimerT, lblPUTimer, lblAntiVirusT, lblBackupT, lblRebootT, lblSoftUpgradeT, lblDedLine})
+    paint(l, off);
+}
+
+void frmMain::changeEvent(QEvent* e) {
+  QMainWindow::changeEvent(e);
+  if (e->type() == QEvent::PaletteChange && lblScoreT != nullptr) ApplyLook();
+}
+
 void frmMain::BuildInfoBar() {
-  pctInfoBar = new QFrame(central_);
+  pctInfoBar = new InfoBar(central_);
   pctInfoBar->setObjectName("pctInfoBar");
-  pctInfoBar->setFrameShape(QFrame::Panel);
-  pctInfoBar->setFrameShadow(QFrame::Raised);
-  pctInfoBar->setLineWidth(1);
-  pctInfoBar->setAutoFillBackground(true);
+  pctInfoBar->setFrameShape(QFrame::NoFrame);
   pctInfoBar->setMouseTracking(true);
   pctInfoBar->installEventFilter(this);
 
@@ -45,17 +132,13 @@ void frmMain::BuildInfoBar() {
     return l;
   };
   auto value = [&](const char* name, const char* text, const char* tip, Label id) {
-    QLabel* l = MakeLabel(pctInfoBar, name, text, tip);
+    QLabel* l = MakeLabel(pctInfoBar, name, text, tip, true);
     l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    l->setFrameShape(QFrame::Panel);
-    l->setFrameShadow(QFrame::Sunken);
-    l->setLineWidth(1);
     l->setMargin(0);
-    l->setIndent(tw_.X(60));
-    l->setAutoFillBackground(true);
-    QPalette pal = l->palette();
-    pal.setColor(QPalette::Window, palette().color(QPalette::Base));
-    l->setPalette(pal);
+    l->setIndent(tw_.X(90));
+    QFont bold = l->font();
+    bold.setBold(true);
+    l->setFont(bold);
     labels_[id] = l;
     return l;
   };
@@ -89,17 +172,11 @@ void frmMain::BuildInfoBar() {
   pbrNetLag->installEventFilter(this);
 
   auto shape = [&](const char* name, const char* tip) {
-    auto* f = new QFrame(pctInfoBar);
+    auto* f = new StatusLight(pctInfoBar);
     f->setObjectName(name);
     f->setToolTip(tip);
-    f->setFrameShape(QFrame::Panel);
-    f->setFrameShadow(QFrame::Sunken);
-    f->setLineWidth(1);
-    f->setAutoFillBackground(true);
-    QPalette pal = f->palette();
-    pal.setColor(QPalette::Window, QColor(0x80, 0x80, 0x80));
-    f->setPalette(pal);
-    f->setFixedSize(tw_.X(165), tw_.Y(165));
+    f->setFrameShape(QFrame::NoFrame);
+    f->setFixedSize(tw_.X(195), tw_.Y(195));
     f->setMouseTracking(true);
     f->installEventFilter(this);
     return f;
@@ -122,9 +199,9 @@ void frmMain::BuildInfoBar() {
 
   // Three rows: the counters; difficulty, net lag and download time; the power-ups.
   auto* grid = new QGridLayout(pctInfoBar);
-  grid->setContentsMargins(tw_.X(90), tw_.Y(60), tw_.X(90), tw_.Y(60));
-  grid->setHorizontalSpacing(tw_.X(60));
-  grid->setVerticalSpacing(tw_.Y(45));
+  grid->setContentsMargins(tw_.X(150), tw_.Y(90), tw_.X(150), tw_.Y(60));
+  grid->setHorizontalSpacing(tw_.X(75));
+  grid->setVerticalSpacing(tw_.Y(60));
   const int valueH = tw_.Y(285);
   auto put = [&](QLabel* cap, QWidget* val, int row, int col, int valueWidthTw) {
     grid->addWidget(cap, row, col);
