@@ -30,18 +30,19 @@ const char* PictureFile(sw::Picture pic) {
 
 }  // namespace
 
-PictureSet::PictureSet() {
-  for (int i = 1; i <= 12; ++i) {
-    const auto pic = static_cast<sw::Picture>(i);
-    renderers_[pic] = std::make_unique<QSvgRenderer>(QString::fromLatin1(PictureFile(pic)));
-  }
-}
+PictureSet::PictureSet() = default;
 
 PictureSet::~PictureSet() = default;
 
 QSvgRenderer* PictureSet::Renderer(sw::Picture pic) const {
+  // Each picture is read when first drawn: a start shows only a few of them.
   auto it = renderers_.find(pic);
-  return it == renderers_.end() ? nullptr : it->second.get();
+  if (it == renderers_.end()) {
+    const char* file = PictureFile(pic);
+    if (file == nullptr) return nullptr;
+    it = renderers_.emplace(pic, std::make_unique<QSvgRenderer>(QString::fromLatin1(file))).first;
+  }
+  return it->second.get();
 }
 
 QPixmap PictureSet::Pixmap(sw::Picture pic, int size, qreal dpr) const {

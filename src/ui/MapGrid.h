@@ -27,7 +27,7 @@ class PictureSet {
   static QString AccessibleText(sw::Picture pic);
 
  private:
-  std::map<sw::Picture, std::unique_ptr<QSvgRenderer>> renderers_;
+  mutable std::map<sw::Picture, std::unique_ptr<QSvgRenderer>> renderers_;
   mutable QHash<quint64, QPixmap> cache_;
 };
 

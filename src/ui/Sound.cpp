@@ -1,8 +1,5 @@
 #include "ui/Sound.h"
 
-#include <SDL.h>
-#include <SDL_mixer.h>
-
 #include <algorithm>
 #include <filesystem>
 #include <system_error>
@@ -12,8 +9,6 @@ namespace swui {
 
 namespace {
 
-constexpr int kChannel = 0;
-
 bool IsFile(const std::filesystem::path& p) {
   std::error_code ec;
   return std::filesystem::is_regular_file(p, ec);
@@ -21,15 +16,9 @@ bool IsFile(const std::filesystem::path& p) {
 
 }  // namespace
 
-Sound::~Sound() {
-  Close();
-  if (deviceOpen_) {
-    Mix_CloseAudio();
-    Mix_Quit();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    deviceOpen_ = false;
-  }
-}
+Sound::Sound(std::unique_ptr<SoundOutput> output) : output_(std::move(output)) {}
+
+Sound::~Sound() = default;
 
 std::string Sound::Resolve(const std::string& fileName) {
   std::string rel = fileName;
@@ -59,26 +48,6 @@ std::string Sound::Resolve(const std::string& fileName) {
   return {};
 }
 
-bool Sound::EnsureDevice() {
-  if (deviceOpen_) return true;
-  if (deviceFailed_) return false;
-  if (SDL_InitSubSystem(SDL_INIT_AUDIO) != 0) {
-    deviceFailed_ = true;
-    return false;
-  }
-  Mix_Init(MIX_INIT_MP3);
-  if (Mix_OpenAudio(MIX_DEFAULT_FREQUENCY, MIX_DEFAULT_FORMAT, 2, 2048) != 0) {
-    Mix_Quit();
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
-    deviceFailed_ = true;
-    return false;
-  }
-  deviceOpen_ = true;
-  return true;
-}
-
-bool Sound::Playing() const { return deviceOpen_ && Mix_Playing(kChannel) != 0; }
-
 void Sound::Command(const std::string& command) {
   if (command == "Stop") {
     Stop();
@@ -92,28 +61,24 @@ void Sound::Command(const std::string& command) {
 }
 
 void Sound::Stop() {
-  if (deviceOpen_) Mix_HaltChannel(kChannel);
+  if (player_ != nullptr) player_->Stop();
 }
 
 void Sound::Close() {
   Stop();
-  if (chunk_ != nullptr) {
-    Mix_FreeChunk(chunk_);
-    chunk_ = nullptr;
-  }
+  clip_.reset();
 }
 
 void Sound::Open() {
   Close();
   const std::string path = Resolve(fileName_);
   if (path.empty()) return;
-  if (!EnsureDevice()) return;
-  chunk_ = Mix_LoadWAV(path.c_str());
+  if (player_ == nullptr) player_ = std::make_unique<SoundPlayer>(output_ != nullptr ? std::move(output_) : MakeAlsaOutput());
+  clip_ = player_->Load(path);
 }
 
 void Sound::Play() {
-  if (!deviceOpen_ || chunk_ == nullptr) return;
-  Mix_PlayChannel(kChannel, chunk_, 0);
+  if (player_ != nullptr && clip_ != nullptr) player_->Play(clip_);
 }
 
 }  // namespace swui

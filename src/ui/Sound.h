@@ -1,16 +1,19 @@
 #pragma once
-// mmcSound: the media device behind PlaySound. One loaded sound on one
-// channel; a new sound cuts off the last. Every failure is silent: a missing
-// or broken file, or no audio device at all, just means no sound.
+// mmcSound: the media device behind PlaySound. One loaded sound at a time; a
+// new sound cuts off the last. Every failure is silent: a missing or broken
+// file, or no audio device at all, just means no sound. Each file is decoded
+// once per run; the player and its thread start with the first sound.
+#include <memory>
 #include <string>
 
-struct Mix_Chunk;
+#include "ui/SoundPlayer.h"
 
 namespace swui {
 
 class Sound {
  public:
-  Sound() = default;
+  // output: where the samples go (ALSA's default device unless given).
+  explicit Sound(std::unique_ptr<SoundOutput> output = nullptr);
   ~Sound();
   Sound(const Sound&) = delete;
   Sound& operator=(const Sound&) = delete;
@@ -25,21 +28,22 @@ class Sound {
   // assets. Empty when none of them holds the file.
   static std::string Resolve(const std::string& fileName);
 
-  bool DeviceOpen() const { return deviceOpen_; }
-  bool Loaded() const { return chunk_ != nullptr; }
-  bool Playing() const;
+  bool Loaded() const { return clip_ != nullptr; }
+  bool Playing() const { return player_ != nullptr && player_->Playing(); }
+  // Files decoded so far (each at most once), and the player, once there is one.
+  int Decodes() const { return player_ != nullptr ? player_->Decodes() : 0; }
+  const SoundPlayer* Player() const { return player_.get(); }
 
  private:
-  bool EnsureDevice();
   void Stop();
   void Close();
   void Open();
   void Play();
 
   std::string fileName_;
-  Mix_Chunk* chunk_ = nullptr;
-  bool deviceOpen_ = false;
-  bool deviceFailed_ = false;
+  std::unique_ptr<SoundOutput> output_;
+  std::unique_ptr<SoundPlayer> player_;
+  std::shared_ptr<const Clip> clip_;
 };
 
 }  // namespace swui

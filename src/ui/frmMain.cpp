@@ -11,6 +11,7 @@
 #include <QPainter>
 #include <QSvgRenderer>
 #include <QTimer>
+#include <utility>
 
 #include "debuglog/frmDebugMark.h"
 #include "options/frmCommandList.h"
@@ -134,7 +135,17 @@ bool frmMain::event(QEvent* e) {
       return true;
     }
   }
-  return QMainWindow::event(e);
+  const bool handled = QMainWindow::event(e);
+  if (e->type() == QEvent::Paint && firstFrameDue_) {
+    firstFrameDue_ = false;
+    // The start sound, and its pause, follow the first frame.
+    QTimer::singleShot(0, this, [this] {
+      auto steps = std::move(afterFirstFrame_);
+      afterFirstFrame_.clear();
+      for (auto& step : steps) step();
+    });
+  }
+  return handled;
 }
 
 void frmMain::keyPressEvent(QKeyEvent* e) {
@@ -261,8 +272,15 @@ int16_t frmMain::MsgBox(const std::string& text, int16_t nButtons, const std::st
   return answer;
 }
 
-void frmMain::SetSoundFileName(const std::string& fileName) { mmcSound.SetFileName(fileName); }
-void frmMain::SoundCommand(const std::string& command) { mmcSound.Command(command); }
+void frmMain::SetSoundFileName(const std::string& fileName) {
+  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
+  else mmcSound.SetFileName(fileName);
+}
+
+void frmMain::SoundCommand(const std::string& command) {
+  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, command] { mmcSound.Command(command); });
+  else mmcSound.Command(command);
+}
 
 void frmMain::SetPointer(Pointer p) {
   pointer_ = p;
@@ -279,7 +297,25 @@ void frmMain::SetPointer(Pointer p) {
   }
 }
 
+void frmMain::Start() {
+  starting_ = true;
+  Form_Load();
+  starting_ = false;
+  firstFrameDue_ = !afterFirstFrame_.empty();
+  show();
+  setFocus();
+}
+
+
 void frmMain::Sleep(int32_t ms) {
+  if (starting_ && !isVisible()) {
+    afterFirstFrame_.push_back([this, ms] {
+      SetPointer(Pointer::Hourglass);
+      Sleep(ms);
+      SetPointer(Pointer::Custom);
+    });
+    return;
+  }
   QEventLoop loop;
   QTimer::singleShot(std::max<int32_t>(ms, 0), &loop, &QEventLoop::quit);
   loop.exec();
@@ -339,6 +375,13 @@ void frmMain::ShowDialog(sw::Dialog which) {
 }
 
 QWidget* frmMain::DialogParent() {
+  if (starting_ && !isVisible()) {
+    // A box at start: the window comes first, and what waited for it happens now.
+    show();
+    auto steps = std::move(afterFirstFrame_);
+    afterFirstFrame_.clear();
+    for (auto& step : steps) step();
+  }
   // A box or dialog opened from a dialog stands over that dialog.
   QWidget* modal = QApplication::activeModalWidget();
   return modal != nullptr ? modal : this;

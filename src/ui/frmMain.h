@@ -6,8 +6,10 @@
 #include <QMainWindow>
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
+#include <vector>
 
 #include "game/MainWindow.h"
 #include "Skitterweb.h"
@@ -34,6 +36,10 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
 
   // ---- the window's events; the menus' clicks go to sw.menu
   void Form_Load();
+  // The program's start: the options and the first game are set up before the
+  // window is shown, so that its first frame is the whole board, painted once.
+  // A box at start shows the window first; the start sound's pause follows the first frame.
+  void Start();
   void Form_KeyDown();
   void Form_MouseMove();
   // The character a key press types: its text, or for the number pad with
@@ -126,6 +132,10 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void BuildInfoBar();
   void PlaceGrid();
   QWidget* DialogParent();
+  bool starting_ = false;
+  bool firstFrameDue_ = false;
+  // What the start-up asked of the sound device and the pause, done in order once the first frame is up.
+  std::vector<std::function<void()>> afterFirstFrame_;
   void ReturnFocus();
   QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip, bool tile = false);
   // Colours that follow the desktop's palette: muted captions and power-ups.

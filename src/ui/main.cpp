@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "ui/BenchProbe.h"
+#include "ui/FirstFrame.h"
 #include "ui/SignalEnd.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
@@ -20,8 +22,9 @@ int main(int argc, char* argv[]) {
   QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
   frmMain.setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
   swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });
-  frmMain.show();
-  frmMain.Form_Load();
+  swui::FirstFrame::Watch(frmMain);
+  frmMain.Start();
+  swui::StartBenchMoves(frmMain);
   const int status = app.exec();
   // A probe for the whole-program tests: the information bar as the player last saw it.
   if (const char* path = std::getenv("SKITTERWEB_LABELS_AT_EXIT")) {

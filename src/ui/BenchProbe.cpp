@@ -1,0 +1,93 @@
+#include "ui/BenchProbe.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QPushButton>
+#include <QTimer>
+#include <cstdio>
+#include <cstdlib>
+
+#include "ui/frmMain.h"
+#include "ui/frmMsgBox.h"
+
+namespace swui {
+
+namespace {
+
+int boxes = 0;
+
+void Key(frmMain& w, Qt::Key key) {
+  QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(QChar(key)));
+  QCoreApplication::sendEvent(&w, &press);
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+}
+
+// The unit of work that the instruction count covers: one key, painted. (The
+// barriers keep the calls from becoming jumps, which would end the count early.)
+[[gnu::noinline]] void MeasuredMove(frmMain& w, Qt::Key key) {
+  Key(w, key);
+  asm volatile("" ::: "memory");
+}
+
+// A direction whose cell is on the board, free, and two steps or more from every virus.
+int PlainDirection(frmMain& w, int turn) {
+  const sw::GameState& g = w.sw.game;
+  for (int k = 0; k < 8; ++k) {
+    static constexpr int kDirs[8] = {4, 6, 8, 2, 7, 9, 1, 3};
+    const int16_t dir = static_cast<int16_t>(kDirs[(turn + k) % 8]);
+    sw::CoordPair to = g.gctPlayerPos;
+    w.sw.engine.MoveNumDir(to, dir);
+    if (to.nCol < 0 || to.nRow < 0 || to.nCol >= g.gnMapCols || to.nRow >= g.gnMapRows) continue;
+    bool safe = g.gnVirusLive >= 2;
+    for (int16_t i = 1; safe && i <= g.gnVirusLive; ++i) {
+      const sw::CoordPair v = g.gctVirusPos[static_cast<size_t>(i)];
+      safe = std::abs(v.nCol - to.nCol) > 2 || std::abs(v.nRow - to.nRow) > 2;
+    }
+    for (int16_t i = 1; safe && i <= g.gnInfectedCount; ++i) safe = !(g.gctInfectedPos[static_cast<size_t>(i)] == to);
+    if (safe) return dir;
+  }
+  return 0;
+}
+
+}  // namespace
+
+void StartBenchMoves(frmMain& w) {
+  const char* moves = std::getenv("SKITTERWEB_BENCH_MOVES");
+  if (moves == nullptr) return;
+  const int n = std::atoi(moves);
+  // Nobody is there to answer: boxes take their default, other dialogs are closed.
+  frmMsgBox::testAnswer = [](frmMsgBox& box) -> int16_t {
+    ++boxes;
+    return box.cmdYes->isVisibleTo(&box) ? 6 : 1;
+  };
+  auto* closer = new QTimer(&w);
+  QObject::connect(closer, &QTimer::timeout, [] {
+    if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
+  });
+  closer->start(50);
+  QTimer::singleShot(500, &w, [&w, n] {
+    int measured = 0, boxesDuring = 0, warm = 0;
+    for (int turn = 0; measured < n && turn < 50 * n; ++turn) {
+      const int dir = PlainDirection(w, turn / 3);
+      if (dir == 0) {  // cornered: pause a turn, unmeasured
+        Key(w, Qt::Key_5);
+        continue;
+      }
+      const auto key = static_cast<Qt::Key>(Qt::Key_0 + dir);
+      // The first moves draw each picture for the first time: they warm up, unmeasured.
+      if (warm < n) {
+        Key(w, key);
+        ++warm;
+        continue;
+      }
+      const int before = boxes;
+      MeasuredMove(w, key);
+      boxesDuring += boxes - before;
+      ++measured;
+    }
+    std::fprintf(stderr, "moves=%d boxes=%d\n", measured, boxesDuring);
+    QCoreApplication::exit(0);
+  });
+}
+
+}  // namespace swui

@@ -1,0 +1,182 @@
+#include "ui/SoundPlayer.h"
+
+#include <alsa/asoundlib.h>
+#include <mpg123.h>
+
+#include <algorithm>
+
+namespace swui {
+
+namespace {
+
+constexpr size_t kChunkFrames = 1024;  // about 23 ms at 44.1 kHz: how quickly a new sound cuts in
+
+// ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
+void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
+
+class AlsaOutput : public SoundOutput {
+ public:
+  ~AlsaOutput() override { Close(); }
+  bool Open(long rate, int channels) override {
+    Close();
+    snd_lib_error_set_handler(QuietAlsa);
+    if (snd_pcm_open(&pcm_, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0) {
+      pcm_ = nullptr;
+      return false;
+    }
+    if (snd_pcm_set_params(pcm_, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(channels),
+                           static_cast<unsigned>(rate), 1, 100000) < 0) {
+      Close();
+      return false;
+    }
+    return true;
+  }
+  long Write(const int16_t* samples, size_t frames) override {
+    if (pcm_ == nullptr) return -1;
+    snd_pcm_sframes_t n = snd_pcm_writei(pcm_, samples, frames);
+    if (n < 0) n = snd_pcm_recover(pcm_, static_cast<int>(n), 1);
+    return n < 0 ? -1 : static_cast<long>(n);
+  }
+  void Drain() override {
+    if (pcm_ != nullptr) snd_pcm_drain(pcm_);
+  }
+  void Drop() override {
+    if (pcm_ != nullptr) snd_pcm_drop(pcm_);
+  }
+  void Close() override {
+    if (pcm_ != nullptr) snd_pcm_close(pcm_);
+    pcm_ = nullptr;
+  }
+
+ private:
+  snd_pcm_t* pcm_ = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<SoundOutput> MakeAlsaOutput() { return std::make_unique<AlsaOutput>(); }
+
+std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
+  mpg123_handle* h = mpg123_new(nullptr, nullptr);
+  if (h == nullptr) return nullptr;
+  auto clip = std::make_shared<Clip>();
+  bool ok = mpg123_param(h, MPG123_ADD_FLAGS, MPG123_QUIET, 0) == MPG123_OK &&
+            mpg123_format_none(h) == MPG123_OK;
+  // Whatever rate the file has, as 16-bit samples.
+  for (long rate : {8000L, 11025L, 12000L, 16000L, 22050L, 24000L, 32000L, 44100L, 48000L})
+    ok = ok && mpg123_format(h, rate, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16) == MPG123_OK;
+  ok = ok && mpg123_open(h, path.c_str()) == MPG123_OK;
+  if (ok) {
+    long rate = 0;
+    int channels = 0, encoding = 0;
+    ok = mpg123_getformat(h, &rate, &channels, &encoding) == MPG123_OK;
+    clip->rate = rate;
+    clip->channels = channels;
+    unsigned char buf[16384];
+    for (int err = MPG123_OK; ok && err != MPG123_DONE;) {
+      size_t done = 0;
+      err = mpg123_read(h, buf, sizeof buf, &done);
+      if (err == MPG123_NEW_FORMAT) continue;  // the format was fixed above
+      if (err != MPG123_OK && err != MPG123_DONE) ok = false;
+      const auto* s = reinterpret_cast<const int16_t*>(buf);
+      clip->samples.insert(clip->samples.end(), s, s + done / sizeof(int16_t));
+    }
+    mpg123_close(h);
+  }
+  mpg123_delete(h);
+  if (!ok || clip->channels <= 0 || clip->rate <= 0 || clip->Frames() == 0) return nullptr;
+  return clip;
+}
+
+SoundPlayer::SoundPlayer(std::unique_ptr<SoundOutput> output) : output_(std::move(output)) {
+  thread_ = std::thread([this] { Run(); });
+}
+
+SoundPlayer::~SoundPlayer() {
+  {
+    std::lock_guard lock(m_);
+    quit_ = true;
+    ++generation_;
+  }
+  cv_.notify_all();
+  thread_.join();
+}
+
+std::shared_ptr<const Clip> SoundPlayer::Load(const std::string& path) {
+  auto it = cache_.find(path);
+  if (it != cache_.end()) return it->second;
+  ++decodes_;
+  auto clip = DecodeMp3(path);
+  // A file that does not decode is remembered too: it is not tried again.
+  cache_[path] = clip;
+  return clip;
+}
+
+void SoundPlayer::Play(std::shared_ptr<const Clip> clip) {
+  if (!clip) return;
+  {
+    std::lock_guard lock(m_);
+    next_ = std::move(clip);
+    ++generation_;
+    playing_ = true;
+  }
+  cv_.notify_all();
+}
+
+void SoundPlayer::Stop() {
+  {
+    std::lock_guard lock(m_);
+    next_.reset();
+    ++generation_;
+    playing_ = false;
+  }
+  cv_.notify_all();
+}
+
+bool SoundPlayer::Playing() const {
+  std::lock_guard lock(m_);
+  return playing_;
+}
+
+long SoundPlayer::Wakeups() const {
+  std::lock_guard lock(m_);
+  return wakeups_;
+}
+
+void SoundPlayer::Run() {
+  std::unique_lock lock(m_);
+  for (;;) {
+    cv_.wait(lock, [this] { return quit_ || next_ != nullptr; });
+    ++wakeups_;
+    if (quit_) return;
+    std::shared_ptr<const Clip> clip = std::move(next_);
+    next_.reset();
+    const uint64_t generation = generation_;
+    lock.unlock();
+
+    bool cut = false;
+    if (output_->Open(clip->rate, clip->channels)) {
+      const size_t frames = clip->Frames();
+      for (size_t at = 0; at < frames;) {
+        {
+          std::lock_guard check(m_);
+          if (generation_ != generation) {
+            cut = true;
+            break;
+          }
+        }
+        const size_t n = std::min(kChunkFrames, frames - at);
+        const long wrote = output_->Write(clip->samples.data() + at * static_cast<size_t>(clip->channels), n);
+        if (wrote <= 0) break;
+        at += static_cast<size_t>(wrote);
+      }
+      if (cut) output_->Drop();
+      else output_->Drain();
+      output_->Close();
+    }
+    lock.lock();
+    if (generation_ == generation) playing_ = false;
+  }
+}
+
+}  // namespace swui

@@ -1,0 +1,75 @@
+#pragma once
+// What plays the game's sounds, without Qt: each MP3 file is decoded once
+// (mpg123) and kept as PCM; one clip plays at a time on a thread of its own
+// that sleeps on a condition variable while nothing plays, and holds the
+// audio device (ALSA) only while a clip plays. Every failure is silent.
+#include <condition_variable>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <mutex>
+#include <string>
+#include <thread>
+#include <vector>
+
+namespace swui {
+
+struct Clip {
+  long rate = 0;
+  int channels = 0;
+  std::vector<int16_t> samples;  // interleaved
+  size_t Frames() const { return channels > 0 ? samples.size() / static_cast<size_t>(channels) : 0; }
+};
+
+// Where the samples go. The real one is ALSA's default device.
+class SoundOutput {
+ public:
+  virtual ~SoundOutput() = default;
+  virtual bool Open(long rate, int channels) = 0;
+  // Writes up to `frames` frames, blocking while the device is full; how many were taken, or -1.
+  virtual long Write(const int16_t* samples, size_t frames) = 0;
+  virtual void Drain() = 0;  // lets what was written play out
+  virtual void Drop() = 0;   // stops at once
+  virtual void Close() = 0;
+};
+
+std::unique_ptr<SoundOutput> MakeAlsaOutput();
+
+// Decodes an MP3 file into 16-bit PCM; null when the file cannot be decoded.
+std::shared_ptr<const Clip> DecodeMp3(const std::string& path);
+
+class SoundPlayer {
+ public:
+  explicit SoundPlayer(std::unique_ptr<SoundOutput> output);
+  ~SoundPlayer();
+  SoundPlayer(const SoundPlayer&) = delete;
+  SoundPlayer& operator=(const SoundPlayer&) = delete;
+
+  // The decoded clip of a file: decoded on first use, then from memory.
+  std::shared_ptr<const Clip> Load(const std::string& path);
+  // Starts a clip, cutting off the one playing; returns at once.
+  void Play(std::shared_ptr<const Clip> clip);
+  void Stop();
+  bool Playing() const;
+  int Decodes() const { return decodes_; }
+  // How often the playing thread has woken (for tests of an idle player).
+  long Wakeups() const;
+
+ private:
+  void Run();
+
+  std::unique_ptr<SoundOutput> output_;
+  std::map<std::string, std::shared_ptr<const Clip>> cache_;
+  int decodes_ = 0;
+
+  mutable std::mutex m_;
+  std::condition_variable cv_;
+  std::shared_ptr<const Clip> next_;  // waiting to start
+  uint64_t generation_ = 0;          // bumped by Play and Stop: the clip playing is cut off
+  bool playing_ = false;
+  bool quit_ = false;
+  long wakeups_ = 0;
+  std::thread thread_;
+};
+
+}  // namespace swui
