@@ -4,6 +4,7 @@
 // report their first frame through the SKITTERWEB_FIRST_FRAME probe.
 //   startup_bench RUNS DIR PROGRAM...   (each run starts in DIR)
 #include <fcntl.h>
+#include <stdlib.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <time.h>
@@ -51,7 +52,10 @@ bool RunOnce(const char* program, const char* dir, Sample& out) {
   rusage ru{};
   if (wait4(pid, &status, 0, &ru) != pid) return false;
   long long frame = 0, cpu = 0;
-  if (std::sscanf(buf, "%lld %lld %d", &frame, &cpu, &out.paints) != 3) return false;
+  if (std::sscanf(buf, "%lld %lld %d", &frame, &cpu, &out.paints) != 3) {
+    std::fprintf(stderr, "exit status %d, report \"%s\"\n", status, buf);
+    return false;
+  }
   out.wallMs = static_cast<double>(frame - start) / 1e6;
   out.cpuMs = static_cast<double>(cpu) / 1e6;
   out.rssMb = static_cast<double>(ru.ru_maxrss) / 1024.0;
@@ -71,6 +75,9 @@ int main(int argc, char* argv[]) {
     return 2;
   }
   const int runs = std::atoi(argv[1]);
+  // Each run starts in DIR: the programs are named by their full paths.
+  for (int i = 3; i < argc; ++i)
+    if (char* full = realpath(argv[i], nullptr)) argv[i] = full;
   const char* dir = argv[2];
   const int programs = argc - 3;
   std::vector<std::vector<Sample>> samples(static_cast<size_t>(programs));

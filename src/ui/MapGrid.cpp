@@ -94,7 +94,7 @@ MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QWidget(parent),
   setObjectName("grdMap");
   setAccessibleName("grdMap");
   setFocusPolicy(Qt::NoFocus);
-  // Every pixel is painted from the backdrop: nothing to clear first.
+  // Every pixel is painted by the board itself: nothing to clear first.
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
 
@@ -103,7 +103,6 @@ void MapGrid::SetDimensions(int cols, int rows) {
   cols_ = std::max(0, cols);
   rows_ = std::max(0, rows);
   cells_.assign(static_cast<size_t>(cols_) * static_cast<size_t>(rows_), sw::Picture::None);
-  RebuildBackdrop();
   update();
 }
 
@@ -111,14 +110,12 @@ void MapGrid::SetCellSize(int widthPx, int heightPx) {
   if (cellW_ == widthPx && cellH_ == heightPx) return;
   cellW_ = std::max(1, widthPx);
   cellH_ = std::max(1, heightPx);
-  RebuildBackdrop();
   update();
 }
 
 void MapGrid::setShowGrid(bool on) {
   if (showGrid_ == on) return;
   showGrid_ = on;
-  RebuildBackdrop();
   update();
 }
 
@@ -155,72 +152,57 @@ QColor MapGrid::LineColor() const {
   return Mix(BoardColor(), palette().color(QPalette::Text), 0.12);
 }
 
-void MapGrid::RebuildBackdrop() {
-  const qreal dpr = devicePixelRatioF();
-  if (width() <= 0 || height() <= 0) {
-    backdrop_ = QPixmap();
-    return;
-  }
-  QPixmap pm(QSize(qRound(width() * dpr), qRound(height() * dpr)));
-  pm.setDevicePixelRatio(dpr);
-  QPainter p(&pm);
-  p.fillRect(QRect(0, 0, width(), height()), palette().color(QPalette::Window));
-  const QPoint o = Origin();
-  const QRect board(o.x(), o.y(), cols_ * cellW_, rows_ * cellH_);
-  p.fillRect(board, BoardColor());
-  if (showGrid_ && cols_ > 0 && rows_ > 0) {
-    // Each cell has its line on the right and at the bottom; the block is closed on the left and top.
-    p.setPen(QPen(LineColor(), 0));
-    for (int c = 0; c <= cols_; ++c) {
-      const int x = c == 0 ? board.left() : board.left() + c * cellW_ - 1;
-      p.drawLine(x, board.top(), x, board.bottom());
-    }
-    for (int r = 0; r <= rows_; ++r) {
-      const int y = r == 0 ? board.top() : board.top() + r * cellH_ - 1;
-      p.drawLine(board.left(), y, board.right(), y);
-    }
-  }
-  backdrop_ = pm;
-}
-
 void MapGrid::paintEvent(QPaintEvent* e) {
   QPainter p(this);
   const QRect dirty = e->rect();
-  if (backdrop_.isNull() || !qFuzzyCompare(backdrop_.devicePixelRatio(), devicePixelRatioF())) RebuildBackdrop();
-  const qreal dpr = backdrop_.devicePixelRatio();
-  p.drawPixmap(dirty, backdrop_,
-               QRectF(dirty.x() * dpr, dirty.y() * dpr, dirty.width() * dpr, dirty.height() * dpr));
+  p.fillRect(dirty, palette().color(QPalette::Window));
   if (cols_ == 0 || rows_ == 0) return;
-  // Only the cells that the dirty rectangle touches.
   const QPoint o = Origin();
-  const int c0 = std::clamp((dirty.left() - o.x()) / cellW_, 0, cols_ - 1);
-  const int c1 = std::clamp((dirty.right() - o.x()) / cellW_, 0, cols_ - 1);
-  const int r0 = std::clamp((dirty.top() - o.y()) / cellH_, 0, rows_ - 1);
-  const int r1 = std::clamp((dirty.bottom() - o.y()) / cellH_, 0, rows_ - 1);
+  const QRect board(o.x(), o.y(), cols_ * cellW_, rows_ * cellH_);
+  const QRect area = dirty & board;
+  if (area.isEmpty()) return;
+  p.fillRect(area, BoardColor());
+  // Only the cells that the dirty rectangle touches, with their own stretches of line.
+  const int c0 = (area.left() - o.x()) / cellW_, c1 = (area.right() - o.x()) / cellW_;
+  const int r0 = (area.top() - o.y()) / cellH_, r1 = (area.bottom() - o.y()) / cellH_;
+  if (showGrid_) {
+    // Each cell has its line on the right and at the bottom; the block is closed on the left and top.
+    p.setClipRect(area);
+    p.setPen(QPen(LineColor(), 0));
+    for (int c = c0; c <= std::min(c1 + 1, cols_); ++c) {
+      const int x = c == 0 ? board.left() : board.left() + c * cellW_ - 1;
+      p.drawLine(x, area.top(), x, area.bottom());
+    }
+    for (int r = r0; r <= std::min(r1 + 1, rows_); ++r) {
+      const int y = r == 0 ? board.top() : board.top() + r * cellH_ - 1;
+      p.drawLine(area.left(), y, area.right(), y);
+    }
+    p.setClipping(false);
+  }
   // Inside the grid lines of the right and bottom edges.
-  const int inner = std::min(cellW_, cellH_) - (showGrid_ ? 1 : 0);
+  const int line = showGrid_ ? 1 : 0;
+  const int inner = std::min(cellW_, cellH_) - line;
   if (inner <= 0) return;
-  const qreal pdpr = p.device()->devicePixelRatioF();
+  const qreal dpr = p.device()->devicePixelRatioF();
   for (int r = r0; r <= r1; ++r)
     for (int c = c0; c <= c1; ++c) {
       const sw::Picture pic = cells_[static_cast<size_t>(r) * static_cast<size_t>(cols_) + static_cast<size_t>(c)];
       if (pic == sw::Picture::None) continue;
       const QRect cell = CellRect(c, r);
-      const int w = cell.width() - (showGrid_ ? 1 : 0), h = cell.height() - (showGrid_ ? 1 : 0);
-      p.drawPixmap(QPoint(cell.left() + (w - inner) / 2, cell.top() + (h - inner) / 2),
-                   pictures_.Pixmap(pic, inner, pdpr));
+      p.drawPixmap(QPoint(cell.left() + (cell.width() - line - inner) / 2,
+                          cell.top() + (cell.height() - line - inner) / 2),
+                   pictures_.Pixmap(pic, inner, dpr));
     }
 }
 
 void MapGrid::resizeEvent(QResizeEvent* e) {
   QWidget::resizeEvent(e);
-  RebuildBackdrop();
+  update();
 }
 
 void MapGrid::changeEvent(QEvent* e) {
   QWidget::changeEvent(e);
   if (e->type() == QEvent::PaletteChange || e->type() == QEvent::StyleChange) {
-    RebuildBackdrop();
     update();
   }
 }

@@ -32,8 +32,8 @@ class PictureSet {
 };
 
 // grdMap: the board. It keeps the picture of every cell and paints only the
-// cells that changed; the board with its grid lines is drawn once into a
-// backdrop whenever its size, cells or colours change, not on every move.
+// cells that changed, each with its own stretch of grid line: a move paints
+// two cells, not the board.
 class MapGrid : public QWidget {
   Q_OBJECT
  public:
@@ -66,14 +66,12 @@ class MapGrid : public QWidget {
 
  private:
   QPoint Origin() const;
-  void RebuildBackdrop();
 
   const PictureSet& pictures_;
   std::vector<sw::Picture> cells_;
   int cols_ = 0, rows_ = 0;
   int cellW_ = 1, cellH_ = 1;
   bool showGrid_ = true;
-  QPixmap backdrop_;
 };
 
 }  // namespace swui

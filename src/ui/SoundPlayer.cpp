@@ -44,8 +44,11 @@ class AlsaOutput : public SoundOutput {
     if (pcm_ != nullptr) snd_pcm_drop(pcm_);
   }
   void Close() override {
-    if (pcm_ != nullptr) snd_pcm_close(pcm_);
+    if (pcm_ == nullptr) return;
+    snd_pcm_close(pcm_);
     pcm_ = nullptr;
+    // The device's configuration is read again for the next sound; silent, it takes no memory.
+    snd_config_update_free_global();
   }
 
  private:

@@ -284,6 +284,8 @@ void frmMain::SoundCommand(const std::string& command) {
 
 void frmMain::SetPointer(Pointer p) {
   pointer_ = p;
+  // Before the window is up nobody sees the pointer: Start sets the last one asked for.
+  if (starting_ && !isVisible()) return;
   switch (p) {
     case Pointer::Custom:
       setCursor(customPointer_);
@@ -301,9 +303,28 @@ void frmMain::Start() {
   starting_ = true;
   Form_Load();
   starting_ = false;
-  firstFrameDue_ = !afterFirstFrame_.empty();
+  // The icon is for the window manager and the task bar: it can follow the first frame too.
+  afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
+  if (pointer_ != Pointer::Custom) SetPointer(pointer_);
+  firstFrameDue_ = true;
   show();
   setFocus();
+}
+
+QIcon frmMain::AppIcon() {
+  // Drawn once at the sizes a title bar and a task switcher use, not at every size on demand.
+  QSvgRenderer svg(QStringLiteral(":/pictures/icon.svg"));
+  QIcon icon;
+  for (int size : {16, 32, 48, 64}) {
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    svg.render(&p);
+    p.end();
+    icon.addPixmap(pm);
+  }
+  return icon;
 }
 
 

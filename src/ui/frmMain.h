@@ -3,6 +3,7 @@
 // the information bar, carries the menus, routes typed characters to the
 // command handler and turns a close request into the Quit command.
 #include <QCursor>
+#include <QIcon>
 #include <QMainWindow>
 #include <array>
 #include <cstdint>
@@ -40,6 +41,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   // window is shown, so that its first frame is the whole board, painted once.
   // A box at start shows the window first; the start sound's pause follows the first frame.
   void Start();
+  // The program's icon, drawn from its picture.
+  static QIcon AppIcon();
   void Form_KeyDown();
   void Form_MouseMove();
   // The character a key press types: its text, or for the number pad with

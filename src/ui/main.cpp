@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QIcon>
 #include <QLabel>
 #include <csignal>
 #include <cstdio>
@@ -17,10 +16,10 @@ int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion("1.14");
+  // Lets a Wayland desktop match the window with the installed menu entry.
+  QGuiApplication::setDesktopFileName(QStringLiteral("io.github.skitterweb.Skitterweb"));
   swui::InstallHelpKey(app);
   swui::frmMain frmMain;
-  QApplication::setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
-  frmMain.setWindowIcon(QIcon(QStringLiteral(":/pictures/icon.svg")));
   swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });
   swui::FirstFrame::Watch(frmMain);
   frmMain.Start();
