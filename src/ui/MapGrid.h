@@ -11,6 +11,7 @@
 
 #include "game/MainWindow.h"
 
+class QPainter;
 class QSvgRenderer;
 
 namespace swui {
@@ -66,6 +67,7 @@ class MapGrid : public QWidget {
 
  private:
   QPoint Origin() const;
+  void PaintArea(QPainter& p, const QRect& dirty);
 
   const PictureSet& pictures_;
   std::vector<sw::Picture> cells_;

@@ -13,11 +13,13 @@ ProgBar::ProgBar(QWidget* parent) : QWidget(parent) {
 }
 
 void ProgBar::setBackColor(const QColor& c) {
+  if (backColor_ == c) return;
   backColor_ = c;
   update();
 }
 
 void ProgBar::setBarColor(const QColor& c) {
+  if (barColor_ == c) return;
   barColor_ = c;
   update();
 }
@@ -28,18 +30,22 @@ void ProgBar::setVertical(bool v) {
 }
 
 void ProgBar::setMax(int32_t v) {
+  if (max_ == v) return;
   max_ = v;
   update();
 }
 
 void ProgBar::setMin(int32_t v) {
+  if (min_ == v) return;
   min_ = v;
   update();
 }
 
 void ProgBar::setValue(int32_t v) {
   if (v > max_) v = max_;
-  value_ = std::max(v, min_);
+  v = std::max(v, min_);
+  if (value_ == v) return;
+  value_ = v;
   update();
 }
 

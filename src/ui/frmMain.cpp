@@ -241,11 +241,13 @@ QColor frmMain::ToQColor(uint32_t bgr) {
 void frmMain::SetLabelColors(Label lbl, uint32_t backColor, uint32_t foreColor) {
   QLabel* l = Caption(lbl);
   if (l == nullptr) return;
+  // The counter's tile takes the game's colour. Unchanged colours paint nothing.
+  const QColor back = ToQColor(backColor), fore = ToQColor(foreColor);
+  if (l->property("gameBackColor").value<QColor>() == back && l->palette().color(QPalette::WindowText) == fore) return;
   QPalette pal = l->palette();
-  pal.setColor(QPalette::WindowText, ToQColor(foreColor));
+  pal.setColor(QPalette::WindowText, fore);
   l->setPalette(pal);
-  // The counter's tile takes the game's colour.
-  l->setProperty("gameBackColor", ToQColor(backColor));
+  l->setProperty("gameBackColor", back);
   l->update();
 }
 
