@@ -1,4 +1,4 @@
-// Feeds arbitrary bytes to the options reader as "sw.opt". After loading, the
+// Feeds arbitrary bytes to the options reader as the bytes of "sw.opt", in memory. After loading, the
 // table is either the lone default guest (the file was refused) or a whole
 // table whose current player exists; what was loaded saves and loads back.
 #include <cstdint>
@@ -63,14 +63,15 @@ void CheckShape(const Options& o) {
 
 void CheckRoundTrip(Skitterweb& sw) {
   const Options& o = sw.opts;
+  std::string text;
   try {
-    sw.optsFile.SaveOptions();
+    text = sw.optsFile.OptionsText();
   } catch (const RuntimeError&) {
     fuzz::Check(false, "a loaded table saves");
   }
   test::FakeWindow w;
   Skitterweb again(w);
-  again.optsFile.LoadOptions();
+  again.optsFile.LoadOptionsFrom(text);
   const Options& r = again.opts;
   if (HasLoadError(w)) {
     // Only the text form of gnOpt may move it to another record (" 1.5" from 1.4999999999999999).
@@ -104,11 +105,10 @@ void CheckRoundTrip(Skitterweb& sw) {
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
   static const bool ready = fuzz::EnterPrivateDir();
   (void)ready;
-  fuzz::WriteBytes(Options::kFileName, data, size);
   {
     test::FakeWindow w;
     Skitterweb sw(w);
-    sw.optsFile.LoadOptions();
+    sw.optsFile.LoadOptionsFrom(std::string(reinterpret_cast<const char*>(data), size));
     Options& o = sw.opts;
     fuzz::Check(w.messages.size() <= 2, "at most two messages");
     CheckShape(o);

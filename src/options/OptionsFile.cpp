@@ -60,8 +60,19 @@ OptionsFile::OptionsFile(Options& opts, DebugLog& dbg, DebugSession& session, Sh
     : opts(opts), dbg(dbg), session(session), shell(shell), frmMain(frmMain) {}
 
 void OptionsFile::LoadOptions() {
+  keepAside_ = false;
+  Load([] { return ReadDataFile(Options::kFileName); });
+}
+
+void OptionsFile::LoadOptionsFrom(const std::string& bytes) {
+  Load([&bytes] { return bytes; });
+}
+
+void OptionsFile::Load(const std::function<std::string()>& read) {
   // Any failure ends reading at once: the message, then everything loaded is discarded.
   auto recover = [this](const RuntimeError& err) {
+    // A file that is there but did not load is kept aside before it is replaced.
+    if (err.Number() != 53) keepAside_ = FileExists(Options::kFileName);
     const std::string text = std::string("Error opening the options file (") + Options::kFileName +
                              ").  Default game option profile will be used." + "\n\n" + "Error (" +
                              NumText(int64_t{err.Number()}) + "): " + err.Description();
@@ -77,7 +88,7 @@ void OptionsFile::LoadOptions() {
   };
 
   try {
-    ListReader in(ReadDataFile(Options::kFileName));
+    ListReader in(read());
     int64_t nRec = 0;  // R: the current record
     int16_t nCP = 0;   // P: the current control profile; not reset when R changes
 
@@ -222,6 +233,10 @@ void OptionsFile::SaveOptions() {
   if (dbg.On()) {
     dbg.DebugWrite(
         Trace("SaveOptions").Var("gnOpt", opts.gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(opts.gopOpts.size()) - 1));
+  }
+  if (keepAside_) {
+    KeepAside(Options::kFileName);
+    keepAside_ = false;
   }
   // It holds passwords: readable by its owner only.
   WriteFileAtomic(Options::kFileName, OptionsText(), 0600);

@@ -155,4 +155,9 @@ bool FileExists(const std::string& name) {
   return ::stat(name.c_str(), &st) == 0 && S_ISREG(st.st_mode);
 }
 
+void KeepAside(const std::string& name) {
+  if (!FileExists(name)) return;
+  WriteFileAtomic(name + ".bad", ReadWholeFile(name), 0600);
+}
+
 }  // namespace sw

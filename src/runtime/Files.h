@@ -20,6 +20,9 @@ std::string ReadDataFile(const std::string& name);
 // keeps its mode, a new one gets newMode; a read-only file raises 70 and is left
 // as it is. A file-size limit is reported as a full disk (61).
 void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t newMode = 0644);
+// Copies a file that failed to load to "<name>.bad" (crash-safe, readable by
+// its owner only), replacing an older copy, so that what it held can be recovered.
+void KeepAside(const std::string& name);
 // Appends or truncates-and-writes in place (used by the debug log and the
 // short-lived temporary files).
 void WriteFile(const std::string& name, const std::string& bytes);

@@ -12,6 +12,7 @@ class DebugLog;
 class Shell;
 struct GameState;
 class Score;
+class RuntimeError;
 
 struct WebmasterEntry {
   int32_t lScore = 0;
@@ -44,12 +45,25 @@ class HighScores {
   // nightmare, slot 1 to 10.
   std::string PlainText() const;
 
+  // Reads "SWhscore.dat". A file that fails to load is copied aside as
+  // "SWhscore.dat.bad" before the next write replaces it.
   void LoadHighScores();
+  // The same from the file's bytes, as if read from the file.
+  void LoadHighScoresFrom(const std::string& bytes);
   void WriteHighScores();
+  // What WriteHighScores puts in the file: the plain text enciphered, on one line.
+  std::string FileText() const;
   void CheckHighScore();
   void AddHighScore();
 
  private:
+  // The plain text of a file's bytes.
+  static std::string Decipher(const std::string& bytes);
+  // The 80 entries from the plain text, as printed to a file (with its line end).
+  void ReadEntries(const std::string& printed);
+  void LoadFailed(const RuntimeError& err);
+
+  bool keepAside_ = false;  // the file on disk failed to load: keep it before replacing it
   Options& opts;
   DebugLog& dbg;
   Shell& shell;

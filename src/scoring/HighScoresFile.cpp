@@ -3,8 +3,6 @@
 #include <new>
 
 #include "debuglog/DebugLog.h"
-#include "game/Shell.h"
-#include "debuglog/DebugLog.h"
 #include "game/GameState.h"
 #include "game/Shell.h"
 #include "options/Options.h"
@@ -49,33 +47,67 @@ std::string HighScores::PlainText() const {
   return text;
 }
 
+std::string HighScores::Decipher(const std::string& bytes) {
+  Cipher cipher;
+  cipher.Text(bytes);
+  cipher.KeyString(kKey);
+  cipher.Shrink();
+  cipher.DoXor();
+  return cipher.Text();
+}
+
+void HighScores::ReadEntries(const std::string& printed) {
+  ListReader in(printed);
+  for (int nType = kPersonal; nType <= kAllTime; ++nType)
+    for (int nDiff = 1; nDiff <= 4; ++nDiff)
+      for (int nSlot = 1; nSlot <= 10; ++nSlot) {
+        WebmasterEntry& e = Entry(nType, nDiff, nSlot);
+        e.lScore = CLng(in.ReadItem().Number());
+        e.nSites = CInt(in.ReadItem().Number());
+        e.szName = in.ReadItem().text;
+      }
+}
+
+void HighScores::LoadFailed(const RuntimeError& err) {
+  // A file that is there but did not load is kept aside before it is replaced.
+  if (err.Number() != 53) keepAside_ = FileExists(kFileName);
+  FileFailed(dbg, shell, "LoadHighScoresError", err);
+}
+
 void HighScores::LoadHighScores() {
+  keepAside_ = false;
   try {
     if (dbg.On()) dbg.DebugWrite(Trace("LoadHighScores").In("File Name", kFileName));
-
-    Cipher cipher;
-    cipher.Text(ReadDataFile(kFileName));
-    cipher.KeyString(kKey);
-    cipher.Shrink();
-    cipher.DoXor();
-
+    const std::string plain = Decipher(ReadDataFile(kFileName));
     // Print the plain text to the temporary file, then input the 80 entries from it.
-    WriteFile(kTempName, cipher.Text() + "\r\n");
-    ListReader in(ReadWholeFile(kTempName));
-    for (int nType = kPersonal; nType <= kAllTime; ++nType)
-      for (int nDiff = 1; nDiff <= 4; ++nDiff)
-        for (int nSlot = 1; nSlot <= 10; ++nSlot) {
-          WebmasterEntry& e = Entry(nType, nDiff, nSlot);
-          e.lScore = CLng(in.ReadItem().Number());
-          e.nSites = CInt(in.ReadItem().Number());
-          e.szName = in.ReadItem().text;
-        }
+    WriteFile(kTempName, plain + "\r\n");
+    ReadEntries(ReadWholeFile(kTempName));
     DeleteFile(kTempName);
   } catch (const RuntimeError& err) {
-    FileFailed(dbg, shell, "LoadHighScoresError", err);
+    LoadFailed(err);
   } catch (const std::bad_alloc&) {
-    FileFailed(dbg, shell, "LoadHighScoresError", RuntimeError(7));
+    LoadFailed(RuntimeError(7));
   }
+}
+
+void HighScores::LoadHighScoresFrom(const std::string& bytes) {
+  try {
+    if (dbg.On()) dbg.DebugWrite(Trace("LoadHighScores").In("File Name", kFileName));
+    ReadEntries(Decipher(bytes) + "\r\n");
+  } catch (const RuntimeError& err) {
+    LoadFailed(err);
+  } catch (const std::bad_alloc&) {
+    LoadFailed(RuntimeError(7));
+  }
+}
+
+std::string HighScores::FileText() const {
+  Cipher cipher;
+  cipher.Text(PlainText());
+  cipher.KeyString(kKey);
+  cipher.DoXor();
+  cipher.Stretch();
+  return cipher.Text() + "\r\n";
 }
 
 void HighScores::WriteHighScores() {
@@ -90,6 +122,10 @@ void HighScores::WriteHighScores() {
     cipher.DoXor();
     cipher.Stretch();
 
+    if (keepAside_) {
+      KeepAside(kFileName);
+      keepAside_ = false;
+    }
     // One printed line; the old file stays whole until the new one is complete.
     WriteFileAtomic(kFileName, cipher.Text() + "\r\n");
   } catch (const RuntimeError& err) {
