@@ -4,9 +4,10 @@
 Whisk is drawn once below, top-down and facing up, as a list of shapes.  Each
 facing file (keypad numbering: 8 up, 9 up-right, 6 right, 3 down-right, 2 down,
 1 down-left, 4 left, 7 up-left) turns that drawing about the centre (32,32),
-then scales and moves it so that its ink (outlines included) is centred in the
-64 x 64 box and its long side is LONG_SIDE units: the mouse fills its map cell
-and keeps a margin of about 2 px at 32 px, so that neighbours never touch.
+then scales and moves it so that its ink (outlines and rim included) is centred
+in the 64 x 64 box.  All facings share one scale, the largest at which none is
+longer than LONG_SIDE units: the mouse fills its map cell, keeps its size as it
+turns, and keeps a margin of at least 1.5 px at 32 px, so neighbours never touch.
 player5.svg (sitting, facing the viewer) is hand-drawn separately.
 
 Usage:  tools/make_player_svgs.py [OUTPUT_DIR]   (default: <repo>/assets/pictures)
@@ -143,8 +144,8 @@ def raw(svg):
 
 
 TAIL = "M36 54 C41 58 48 57 50.5 52 C52.5 48 51.5 44 55 42"
-BODY = ("M32 26 C40.5 26 45.5 33 45.5 41.5 C45.5 50 40 56 32 56"
-        " C24 56 18.5 50 18.5 41.5 C18.5 33 23.5 26 32 26 Z")
+BODY = ("M32 26 C41.5 26 47.5 33 47.5 41.5 C47.5 50 41 56 32 56"
+        " C23 56 16.5 50 16.5 41.5 C16.5 33 22.5 26 32 26 Z")
 HEAD = ("M32 3.5 C36 3.5 45.5 12.5 45.5 21.5 C45.5 28.5 39.5 32 32 32"
         " C24.5 32 18.5 28.5 18.5 21.5 C18.5 12.5 28 3.5 32 3.5 Z")
 
@@ -153,10 +154,10 @@ MOUSE = [
     path(TAIL, fill="none", stroke=INK, stroke_width="5.6", stroke_linecap="round"),
     path(TAIL, fill="none", stroke="#f2a6b4", stroke_width="3", stroke_linecap="round"),
     # paws peeking out under the body
-    ellipse(19.2, 33, 2.6, 3.2, -30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
-    ellipse(44.8, 33, 2.6, 3.2, 30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
-    ellipse(19, 49, 3, 4.2, -35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
-    ellipse(45, 49, 3, 4.2, 35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(17.6, 34, 2.6, 3.2, -30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(46.4, 34, 2.6, 3.2, 30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(17.6, 49.5, 3, 4.2, -35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(46.4, 49.5, 3, 4.2, 35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
     path(BODY, fill="url(#fur)", stroke=INK, stroke_width="2.4", stroke_linejoin="round"),
     path(HEAD, fill="url(#head)", stroke=INK, stroke_width="2.4", stroke_linejoin="round"),
     # round ears at the back of the head, pink inside
@@ -210,10 +211,19 @@ def ink_box(angle, scale=1.0):
     return x0, y0, x1, y1
 
 
+def fit_scale():
+    """One scale for every facing, so that Whisk keeps its size as it turns: the
+    largest at which no facing's ink is longer than LONG_SIDE."""
+    longest = 0.0
+    for angle in FACINGS.values():
+        x0, y0, x1, y1 = ink_box(angle)
+        longest = max(longest, x1 - x0, y1 - y0)
+    return min(MAX_SCALE, LONG_SIDE / longest)
+
+
 def placement(angle):
-    """Scale and offset that centre the turned drawing in the box at LONG_SIDE."""
-    x0, y0, x1, y1 = ink_box(angle)
-    scale = min(MAX_SCALE, LONG_SIDE / max(x1 - x0, y1 - y0))
+    """Scale and offset that centre the turned drawing in the box."""
+    scale = fit_scale()
     x0, y0, x1, y1 = ink_box(angle, scale)
     return scale, 32 - (x0 + x1) / 2, 32 - (y0 + y1) / 2
 

@@ -182,8 +182,9 @@ int DrawPanel(QPainter& p, Pictures& pics, const Theme& t, int y0, bool measureO
   return y - y0;
 }
 
-// The box of the pixels at least a little opaque, in a rendering of SIZE px.
-QRect Ink(QSvgRenderer& r, int size) {
+// The box of the pixels at least a little opaque, in a rendering of SIZE px, and
+// the share of the whole box that is mostly opaque (in percent, into *cover).
+QRect Ink(QSvgRenderer& r, int size, int* cover = nullptr) {
   QImage img(size, size, QImage::Format_ARGB32);
   img.fill(Qt::transparent);
   {
@@ -191,29 +192,35 @@ QRect Ink(QSvgRenderer& r, int size) {
     p.setRenderHint(QPainter::Antialiasing);
     r.render(&p, QRectF(0, 0, size, size));
   }
-  int x0 = size, y0 = size, x1 = -1, y1 = -1;
+  int x0 = size, y0 = size, x1 = -1, y1 = -1, solid = 0;
   for (int y = 0; y < size; ++y)
-    for (int x = 0; x < size; ++x)
-      if (qAlpha(img.pixel(x, y)) >= 24) {
+    for (int x = 0; x < size; ++x) {
+      const int a = qAlpha(img.pixel(x, y));
+      if (a >= 24) {
         x0 = std::min(x0, x), x1 = std::max(x1, x);
         y0 = std::min(y0, y), y1 = std::max(y1, y);
       }
+      if (a >= 160) ++solid;
+    }
+  if (cover != nullptr) *cover = solid * 100 / (size * size);
   return x1 < 0 ? QRect() : QRect(QPoint(x0, y0), QPoint(x1, y1));
 }
 
 void Measure(Pictures& pics) {
-  std::printf("%-9s %-18s %-8s %-8s %s\n", "picture", "ink box (64 px)", "long", "short", "margins L T R B");
+  std::printf("%-9s %-18s %-8s %-8s %-8s %s\n", "picture", "ink box (64 px)", "long", "short", "covered",
+              "margins L T R B");
   std::vector<QString> all(std::begin(kMap), std::end(kMap));
   all.push_back("icon");
   for (const QString& n : all) {
     QSvgRenderer* r = pics.Get(n);
     if (r == nullptr) continue;
-    const QRect b = Ink(*r, 64);
+    int cover = 0;
+    const QRect b = Ink(*r, 64, &cover);
     if (b.isNull()) continue;
     const int lng = std::max(b.width(), b.height()), sht = std::min(b.width(), b.height());
-    std::printf("%-9s %2d,%2d %2dx%-2d       %3d%%     %3d%%     %d %d %d %d\n", qPrintable(n), b.x(), b.y(),
-                b.width(), b.height(), lng * 100 / 64, sht * 100 / 64, b.left(), b.top(), 63 - b.right(),
-                63 - b.bottom());
+    std::printf("%-9s %2d,%2d %2dx%-2d       %3d%%     %3d%%     %3d%%     %d %d %d %d\n", qPrintable(n), b.x(),
+                b.y(), b.width(), b.height(), lng * 100 / 64, sht * 100 / 64, cover, b.left(), b.top(),
+                63 - b.right(), 63 - b.bottom());
   }
   if (QSvgRenderer* r = pics.Get("pointer")) {
     const QRect b = Ink(*r, 32);

@@ -4,6 +4,7 @@
 # picture fills.
 #
 # Usage:  tools/render_pictures.sh [OUT.png]     (default: docs/pictures.png)
+#         PICTURES=DIR tools/render_pictures.sh   draws the SVGs of DIR instead
 #
 # Builds tools/picture_sheet.cpp by hand with g++ against the Qt 6 Svg development
 # files (Debian: qt6-svg-dev) into a temporary directory; the project's build is
@@ -11,7 +12,7 @@
 set -euo pipefail
 
 here="$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)"
-root="$here/.."
+root="$(cd "$here/.." && pwd)"
 out="${1:-$root/docs/pictures.png}"
 
 if ! pkg-config --exists Qt6Svg Qt6Gui 2>/dev/null; then
