@@ -242,12 +242,12 @@ int main(int argc, char** argv) {
   QPainter pp(&probe);
   const int panelH = DrawPanel(pp, pics, kThemes[0], 0, true);
   pp.end();
-  QImage sheet(kPanelW, panelH * 2, QImage::Format_ARGB32);
+  QImage sheet(kPanelW, panelH * 2, QImage::Format_RGB32);
   QPainter p(&sheet);
   p.setRenderHint(QPainter::Antialiasing);
   for (int i = 0; i < 2; ++i) DrawPanel(p, pics, kThemes[i], i * panelH, false);
   p.end();
-  if (!sheet.save(QString::fromLocal8Bit(argv[2]))) {
+  if (!sheet.save(QString::fromLocal8Bit(argv[2]), "PNG", 0)) {  // 0: smallest file
     std::fprintf(stderr, "cannot write %s\n", argv[2]);
     return 100;
   }
