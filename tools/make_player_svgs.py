@@ -1,14 +1,20 @@
 #!/usr/bin/env python3
 """make_player_svgs.py - write the eight moving facings of Whisk the mouse.
 
-Whisk is drawn once, top-down and facing up, in MOUSE below; each facing file
-(keypad numbering: 8 up, 9 up-right, 6 right, 3 down-right, 2 down,
-1 down-left, 4 left, 7 up-left) rotates that group about the centre (32,32).
+Whisk is drawn once below, top-down and facing up, as a list of shapes.  Each
+facing file (keypad numbering: 8 up, 9 up-right, 6 right, 3 down-right, 2 down,
+1 down-left, 4 left, 7 up-left) turns that drawing about the centre (32,32),
+then scales and moves it so that its ink (outlines and rim included) is centred
+in the 64 x 64 box.  All facings share one scale, the largest at which none is
+longer than LONG_SIDE units: the mouse fills its map cell, keeps its size as it
+turns, and keeps a margin of at least 1.5 px at 32 px, so neighbours never touch.
 player5.svg (sitting, facing the viewer) is hand-drawn separately.
 
 Usage:  tools/make_player_svgs.py [OUTPUT_DIR]   (default: <repo>/assets/pictures)
 """
+import math
 import os
+import re
 import sys
 
 # keypad digit -> clockwise rotation in degrees (0 = facing up)
@@ -16,84 +22,218 @@ FACINGS = {8: 0, 9: 45, 6: 90, 3: 135, 2: 180, 1: 225, 4: 270, 7: 315}
 NAMES = {8: "up", 9: "up-right", 6: "right", 3: "down-right", 2: "down",
          1: "down-left", 4: "left", 7: "up-left"}
 
-# Shared defs.  The fur gradient lives in userSpaceOnUse coordinates, so it
-# turns together with the mouse.
+LONG_SIDE = 57.0      # ink size on the long side (rim included), in 64ths of the cell
+MAX_SCALE = 1.0       # never drawn larger than designed
+
+INK = "#2b211c"       # outline colour shared by all of Whisk's pictures
+# A light, half-clear rim round the dark outline: it vanishes on a light board and
+# keeps the silhouette apart from a dark one.
+RIM = {"stroke": "#ffffff", "stroke_opacity": "0.55", "fill": "none"}
+RIM_WIDTH = 1.3       # how far the rim reaches beyond the outline
+
 DEFS = """\
   <defs>
-    <radialGradient id="fur" gradientUnits="userSpaceOnUse" cx="29" cy="30" r="24" fx="28" fy="26">
-      <stop offset="0" stop-color="#c4b3a2"/>
-      <stop offset="0.55" stop-color="#9c8777"/>
-      <stop offset="1" stop-color="#6e5b4e"/>
+    <radialGradient id="fur" gradientUnits="userSpaceOnUse" cx="32" cy="37.5" r="18.5">
+      <stop offset="0" stop-color="#d7cbbe"/>
+      <stop offset="0.6" stop-color="#ab9988"/>
+      <stop offset="1" stop-color="#7f6d5e"/>
     </radialGradient>
-    <radialGradient id="head" gradientUnits="userSpaceOnUse" cx="30" cy="17" r="14" fx="29" fy="14">
-      <stop offset="0" stop-color="#cdbdad"/>
-      <stop offset="0.6" stop-color="#a28e7e"/>
-      <stop offset="1" stop-color="#7a6657"/>
+    <radialGradient id="head" gradientUnits="userSpaceOnUse" cx="32" cy="15.5" r="16.5">
+      <stop offset="0" stop-color="#e6ddd3"/>
+      <stop offset="0.6" stop-color="#b9a999"/>
+      <stop offset="1" stop-color="#8a7a6c"/>
     </radialGradient>
-    <radialGradient id="ear" cx="0.45" cy="0.5" r="0.55">
-      <stop offset="0" stop-color="#ffc9d2"/>
-      <stop offset="1" stop-color="#e98a9c"/>
+    <radialGradient id="ear" cx="0.5" cy="0.42" r="0.6">
+      <stop offset="0" stop-color="#ffc3cf"/>
+      <stop offset="1" stop-color="#ea8399"/>
     </radialGradient>
   </defs>
 """
 
-# Whisk, top-down, nose up.  Everything stays within ~29 units of (32,32) so
-# that no rotation gets clipped by the 64x64 viewBox.
-MOUSE = """\
-    <!-- tail: dark outline stroke under a pink stroke -->
-    <path d="M32 50 C31 56 36 60 42 58 C47 56.5 49 52 53.5 52" fill="none"
-          stroke="#3a2c27" stroke-width="4.2" stroke-linecap="round"/>
-    <path d="M32 50 C31 56 36 60 42 58 C47 56.5 49 52 53.5 52" fill="none"
-          stroke="#ee9fae" stroke-width="2.4" stroke-linecap="round"/>
-    <!-- paws peeking out under the body -->
-    <g fill="#f3a9b7" stroke="#3a2c27" stroke-width="1.2">
-      <ellipse cx="20.2" cy="33.5" rx="2.3" ry="2.9" transform="rotate(-35 20.2 33.5)"/>
-      <ellipse cx="43.8" cy="33.5" rx="2.3" ry="2.9" transform="rotate(35 43.8 33.5)"/>
-      <ellipse cx="19.6" cy="48.6" rx="2.7" ry="3.9" transform="rotate(-40 19.6 48.6)"/>
-      <ellipse cx="44.4" cy="48.6" rx="2.7" ry="3.9" transform="rotate(40 44.4 48.6)"/>
-    </g>
-    <!-- body -->
-    <path d="M32 22 C40 22 45.5 30 45.5 39 C45.5 47.5 39.5 53.5 32 53.5
-             C24.5 53.5 18.5 47.5 18.5 39 C18.5 30 24 22 32 22 Z"
-          fill="url(#fur)" stroke="#3a2c27" stroke-width="1.6"/>
-    <!-- soft spine highlight -->
-    <ellipse cx="30.5" cy="37" rx="5" ry="10" fill="#fff3e6" fill-opacity="0.28"/>
-    <!-- ears (behind the head) -->
-    <g stroke="#3a2c27" stroke-width="1.5">
-      <ellipse cx="21.6" cy="23.2" rx="7.6" ry="6.9" fill="#9c8777" transform="rotate(-20 21.6 23.2)"/>
-      <ellipse cx="42.4" cy="23.2" rx="7.6" ry="6.9" fill="#9c8777" transform="rotate(20 42.4 23.2)"/>
-    </g>
-    <ellipse cx="21.2" cy="23.6" rx="5.3" ry="4.6" fill="url(#ear)" transform="rotate(-20 21.2 23.6)"/>
-    <ellipse cx="42.8" cy="23.6" rx="5.3" ry="4.6" fill="url(#ear)" transform="rotate(20 42.8 23.6)"/>
-    <!-- head -->
-    <path d="M32 7 C36 7 41.8 15 41.8 21.5 C41.8 27.3 37.5 30.8 32 30.8
-             C26.5 30.8 22.2 27.3 22.2 21.5 C22.2 15 28 7 32 7 Z"
-          fill="url(#head)" stroke="#3a2c27" stroke-width="1.6"/>
-    <!-- light muzzle -->
-    <ellipse cx="32" cy="12.5" rx="3.6" ry="4.2" fill="#eadbcc" fill-opacity="0.7"/>
-    <!-- whiskers -->
-    <g stroke="#3a2c27" stroke-width="0.7" stroke-linecap="round" fill="none" stroke-opacity="0.75">
-      <path d="M29.6 11.5 Q24 9.5 19.5 10"/>
-      <path d="M29.4 12.8 Q24 13 19 15.5"/>
-      <path d="M34.4 11.5 Q40 9.5 44.5 10"/>
-      <path d="M34.6 12.8 Q40 13 45 15.5"/>
-    </g>
-    <!-- eyes with highlights -->
-    <ellipse cx="27.3" cy="18" rx="2.5" ry="2.8" fill="#1d1411"/>
-    <ellipse cx="36.7" cy="18" rx="2.5" ry="2.8" fill="#1d1411"/>
-    <circle cx="26.5" cy="17" r="1" fill="#ffffff"/>
-    <circle cx="35.9" cy="17" r="1" fill="#ffffff"/>
-    <circle cx="28.1" cy="19.3" r="0.45" fill="#ffffff" fill-opacity="0.8"/>
-    <circle cx="37.5" cy="19.3" r="0.45" fill="#ffffff" fill-opacity="0.8"/>
-    <!-- nose -->
-    <circle cx="32" cy="8" r="2.2" fill="#f07c93" stroke="#3a2c27" stroke-width="1.1"/>
-    <circle cx="31.3" cy="7.4" r="0.6" fill="#ffffff" fill-opacity="0.85"/>
-"""
+
+K = 0.5523  # control point distance of a quarter circle drawn as one cubic
+
+
+class Shape:
+    """One SVG element of the drawing, points along its outline for the ink box and,
+    for a filled and outlined shape, its outline as path data for the light rim."""
+
+    def __init__(self, svg, points, stroke, outline=None):
+        self.svg = svg
+        self.points = points
+        self.half = stroke / 2.0
+        self.outline = outline
+
+
+def _attrs(kw):
+    return " ".join(f'{k.replace("_", "-")}="{v}"' for k, v in kw.items())
+
+
+def _stroke(kw):
+    return float(kw.get("stroke_width", 0)) if kw.get("stroke", "none") != "none" else 0.0
+
+
+def _solid(kw):
+    return kw.get("fill", "black") != "none" and _stroke(kw) > 0
+
+
+def _num(v):
+    return f"{v:.2f}".rstrip("0").rstrip(".")
+
+
+def ellipse_d(cx, cy, rx, ry, rot=0):
+    """An ellipse as four cubics (path data: SVG Tiny has no arcs)."""
+    t = math.radians(rot)
+
+    def pt(u, v):
+        return f"{_num(cx + u * math.cos(t) - v * math.sin(t))} {_num(cy + u * math.sin(t) + v * math.cos(t))}"
+    k, q = K * rx, K * ry
+    return (f"M{pt(rx, 0)} C{pt(rx, q)} {pt(k, ry)} {pt(0, ry)} C{pt(-k, ry)} {pt(-rx, q)} {pt(-rx, 0)}"
+            f" C{pt(-rx, -q)} {pt(-k, -ry)} {pt(0, -ry)} C{pt(k, -ry)} {pt(rx, -q)} {pt(rx, 0)} Z")
+
+
+def _sample(d):
+    """Points along path data of absolute M, L, Q, C and Z commands."""
+    toks = re.findall(r"[MLQCZ]|-?\d+(?:\.\d+)?", d)
+    pts, cur, i, cmd = [], (0.0, 0.0), 0, None
+    while i < len(toks):
+        if toks[i] in "MLQCZ":
+            cmd = toks[i]
+            i += 1
+            if cmd == "Z":
+                continue
+        n = {"M": 1, "L": 1, "Q": 2, "C": 3}[cmd]
+        ctrl = [(float(toks[i + 2 * k]), float(toks[i + 2 * k + 1])) for k in range(n)]
+        i += 2 * n
+        if n == 1:
+            pts.append(ctrl[0])
+        else:
+            for step in range(1, 21):
+                t = step / 20
+                p = [cur] + ctrl  # de Casteljau
+                while len(p) > 1:
+                    p = [((1 - t) * a[0] + t * b[0], (1 - t) * a[1] + t * b[1]) for a, b in zip(p, p[1:])]
+                pts.append(p[0])
+        cur = ctrl[-1]
+        if cmd == "M":
+            cmd = "L"
+    return pts
+
+
+def circle(cx, cy, r, **kw):
+    d = ellipse_d(cx, cy, r, r)
+    return Shape(f'<circle cx="{cx}" cy="{cy}" r="{r}" {_attrs(kw)}/>', _sample(d), _stroke(kw),
+                 d if _solid(kw) else None)
+
+
+def ellipse(cx, cy, rx, ry, rot=0, **kw):
+    d = ellipse_d(cx, cy, rx, ry, rot)
+    tr = f' transform="rotate({rot} {cx} {cy})"' if rot else ""
+    return Shape(f'<ellipse cx="{cx}" cy="{cy}" rx="{rx}" ry="{ry}"{tr} {_attrs(kw)}/>', _sample(d),
+                 _stroke(kw), d if _solid(kw) else None)
+
+
+def path(d, **kw):
+    d = " ".join(d.split())
+    return Shape(f'<path d="{d}" {_attrs(kw)}/>', _sample(d), _stroke(kw), d if _solid(kw) else None)
+
+
+def raw(svg):
+    """Detail that lies inside other shapes and does not count for the ink box."""
+    return Shape(svg, [], 0)
+
+
+TAIL = "M36 54 C41 58 48 57 50.5 52 C52.5 48 51.5 44 55 42"
+BODY = ("M32 26 C41.5 26 47.5 33 47.5 41.5 C47.5 50 41 56 32 56"
+        " C23 56 16.5 50 16.5 41.5 C16.5 33 22.5 26 32 26 Z")
+HEAD = ("M32 3.5 C36 3.5 45.5 12.5 45.5 21.5 C45.5 28.5 39.5 32 32 32"
+        " C24.5 32 18.5 28.5 18.5 21.5 C18.5 12.5 28 3.5 32 3.5 Z")
+
+# Whisk, top-down, nose up, in drawing order.
+MOUSE = [
+    path(TAIL, fill="none", stroke=INK, stroke_width="5.6", stroke_linecap="round"),
+    path(TAIL, fill="none", stroke="#f2a6b4", stroke_width="3", stroke_linecap="round"),
+    # paws peeking out under the body
+    ellipse(17.6, 34, 2.6, 3.2, -30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(46.4, 34, 2.6, 3.2, 30, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(17.6, 49.5, 3, 4.2, -35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    ellipse(46.4, 49.5, 3, 4.2, 35, fill="#f4aab9", stroke=INK, stroke_width="1.4"),
+    path(BODY, fill="url(#fur)", stroke=INK, stroke_width="2.4", stroke_linejoin="round"),
+    path(HEAD, fill="url(#head)", stroke=INK, stroke_width="2.4", stroke_linejoin="round"),
+    # round ears at the back of the head, pink inside
+    circle(18.8, 25, 7.4, fill="#a69482", stroke=INK, stroke_width="2.2"),
+    circle(45.2, 25, 7.4, fill="#a69482", stroke=INK, stroke_width="2.2"),
+    circle(19.1, 24.5, 4.8, fill="url(#ear)"),
+    circle(44.9, 24.5, 4.8, fill="url(#ear)"),
+    # whiskers
+    path("M28.6 9.6 L21 7.8", fill="none", stroke=INK, stroke_width="1.1",
+         stroke_linecap="round", stroke_opacity="0.7"),
+    path("M28.6 11.4 L21.4 12.8", fill="none", stroke=INK, stroke_width="1.1",
+         stroke_linecap="round", stroke_opacity="0.7"),
+    path("M35.4 9.6 L43 7.8", fill="none", stroke=INK, stroke_width="1.1",
+         stroke_linecap="round", stroke_opacity="0.7"),
+    path("M35.4 11.4 L42.6 12.8", fill="none", stroke=INK, stroke_width="1.1",
+         stroke_linecap="round", stroke_opacity="0.7"),
+    # eyes with a glint, nose
+    raw('<ellipse cx="26.2" cy="16" rx="2.7" ry="3.3" fill="#1a1210"/>'),
+    raw('<ellipse cx="37.8" cy="16" rx="2.7" ry="3.3" fill="#1a1210"/>'),
+    raw('<circle cx="25.4" cy="14.8" r="1.1" fill="#ffffff"/>'),
+    raw('<circle cx="37" cy="14.8" r="1.1" fill="#ffffff"/>'),
+    circle(32, 5.4, 3.2, fill="#f2768f", stroke=INK, stroke_width="1.5"),
+    raw('<circle cx="31" cy="4.4" r="0.9" fill="#ffffff" fill-opacity="0.85"/>'),
+]
+
+
+def rim(shapes, tail_width, outline_width):
+    """The light rim: one path round every filled, outlined shape (one path, so that
+    its overlaps are not doubled), and a wider stroke along the tail."""
+    tail = path(TAIL, stroke_width=_num(tail_width + 2 * RIM_WIDTH), stroke_linecap="round", **RIM)
+    body = path(" ".join(sh.outline for sh in shapes if sh.outline is not None),
+                stroke_width=_num(outline_width + 2 * RIM_WIDTH), stroke_linejoin="round", **RIM)
+    return [tail, body]
+
+
+DRAWING = rim(MOUSE, 5.6, 2.4) + MOUSE
+
+
+def ink_box(angle, scale=1.0):
+    """The box that the drawing's ink covers after turning by ANGLE and scaling about (32,32)."""
+    c, s = math.cos(math.radians(angle)), math.sin(math.radians(angle))
+    x0 = y0 = math.inf
+    x1 = y1 = -math.inf
+    for shape in DRAWING:
+        h = shape.half * scale
+        for x, y in shape.points:
+            u, v = x - 32, y - 32
+            px, py = 32 + scale * (u * c - v * s), 32 + scale * (u * s + v * c)
+            x0, x1 = min(x0, px - h), max(x1, px + h)
+            y0, y1 = min(y0, py - h), max(y1, py + h)
+    return x0, y0, x1, y1
+
+
+def fit_scale():
+    """One scale for every facing, so that Whisk keeps its size as it turns: the
+    largest at which no facing's ink is longer than LONG_SIDE."""
+    longest = 0.0
+    for angle in FACINGS.values():
+        x0, y0, x1, y1 = ink_box(angle)
+        longest = max(longest, x1 - x0, y1 - y0)
+    return min(MAX_SCALE, LONG_SIDE / longest)
+
+
+def placement(angle):
+    """Scale and offset that centre the turned drawing in the box."""
+    scale = fit_scale()
+    x0, y0, x1, y1 = ink_box(angle, scale)
+    return scale, 32 - (x0 + x1) / 2, 32 - (y0 + y1) / 2
 
 
 def svg(digit: int) -> str:
     angle = FACINGS[digit]
-    rot = f' transform="rotate({angle} 32 32)"' if angle else ""
+    scale, dx, dy = placement(angle)
+    tr = (f"translate({32 + dx:.2f} {32 + dy:.2f}) scale({scale:.4f}) "
+          f"rotate({angle}) translate(-32 -32)")
+    body = "".join(f"    {s.svg}\n" for s in DRAWING)
     return (
         '<?xml version="1.0" encoding="UTF-8"?>\n'
         f'<!-- Skitterweb: Whisk the mouse, moving {NAMES[digit]} (keypad {digit}).'
@@ -101,8 +241,8 @@ def svg(digit: int) -> str:
         '<svg xmlns="http://www.w3.org/2000/svg" version="1.2" baseProfile="tiny"\n'
         '     width="64" height="64" viewBox="0 0 64 64">\n'
         f"{DEFS}"
-        f'  <g id="whisk"{rot}>\n'
-        f"{MOUSE}"
+        f'  <g id="whisk" transform="{tr}">\n'
+        f"{body}"
         "  </g>\n"
         "</svg>\n"
     )
@@ -113,10 +253,10 @@ def main() -> None:
     out = sys.argv[1] if len(sys.argv) > 1 else os.path.join(here, "..", "assets", "pictures")
     os.makedirs(out, exist_ok=True)
     for digit in FACINGS:
-        path = os.path.join(out, f"player{digit}.svg")
-        with open(path, "w", encoding="utf-8") as fh:
+        path_ = os.path.join(out, f"player{digit}.svg")
+        with open(path_, "w", encoding="utf-8") as fh:
             fh.write(svg(digit))
-        print(os.path.normpath(path))
+        print(os.path.normpath(path_))
 
 
 if __name__ == "__main__":
