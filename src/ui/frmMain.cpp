@@ -306,7 +306,8 @@ void frmMain::Start() {
   Form_Load();
   starting_ = false;
   // The icon is for the window manager and the task bar: it can follow the first frame too.
-  afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
+  if (QApplication::windowIcon().isNull())
+    afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
   if (pointer_ != Pointer::Custom) SetPointer(pointer_);
   firstFrameDue_ = true;
   show();
@@ -399,7 +400,8 @@ void frmMain::ShowDialog(sw::Dialog which) {
 
 QWidget* frmMain::DialogParent() {
   if (starting_ && !isVisible()) {
-    // A box at start: the window comes first, and what waited for it happens now.
+    // A box at start: the window (with its icon) comes first, and what waited for it happens now.
+    QApplication::setWindowIcon(AppIcon());
     show();
     auto steps = std::move(afterFirstFrame_);
     afterFirstFrame_.clear();

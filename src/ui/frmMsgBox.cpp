@@ -27,12 +27,14 @@ QMargins frmMsgBox::FrameMargins(const QWidget* owner) {
 }
 
 int frmMsgBox::TitleBarWidth(const QString& title) const {
+  if (title.isEmpty()) return 0;  // no title, nothing to cut
   const int text = lblTitleTest->fontMetrics().horizontalAdvance(title);
-  // The bar holds the window icon on the left and the close button on the
-  // right, each about as wide as the bar is high.
+  // The bar holds the window icon on the left and, on the right, the close
+  // button and, with window managers that give them to every window whatever
+  // the window asks, minimise and maximise too: each about as wide as the bar is high.
   const int barHeight = std::max(style()->pixelMetric(QStyle::PM_TitleBarHeight, nullptr, this),
                                  lblTitleTest->fontMetrics().height() + 6);
-  return text + 2 * barHeight + barHeight / 2;
+  return text + 4 * barHeight + barHeight / 2;
 }
 
 frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW,

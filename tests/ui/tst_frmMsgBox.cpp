@@ -99,7 +99,7 @@ class TestFrmMsgBox : public QObject {
     // A title bar 24 px high and 3 px borders: the inside is what is left.
     frmMsgBox::testFrame = QMargins(3, 24, 3, 3);
     frmMsgBox box(&owner_, kWindowWidth);
-    box.Setup("Done.", 0, "Hi");
+    box.Setup("Done.", 0, "");
     frmMsgBox::testFrame.reset();
     const swui::Twips& tw = box.twips();
     QCOMPARE(box.size(), QSize(tw.X(1595) - 6, tw.Y(box.layout().height) - 27));
