@@ -69,9 +69,11 @@ class TestFramedMsgBox : public QObject {
     const swui::Twips& tw = box.twips();
     const auto& l = box.layout();
     box.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&box));
+    // Managed by the window manager: active, and framed.
+    QVERIFY(QTest::qWaitForWindowActive(&box, 15000));
+    QTRY_VERIFY_WITH_TIMEOUT(!box.windowHandle()->frameMargins().isNull(), 15000);
     const QSize outer(tw.X(l.width), tw.Y(l.height));
-    QTRY_COMPARE_WITH_TIMEOUT(box.frameGeometry().size(), outer, 5000);
+    QTRY_COMPARE_WITH_TIMEOUT(box.frameGeometry().size(), outer, 15000);
     const QMargins frame = box.windowHandle()->frameMargins();
     QVERIFY2(frame.top() > frame.bottom(), "the box has a title bar");
     QCOMPARE(box.size(), outer.shrunkBy(frame));

@@ -1,0 +1,91 @@
+// The main window's side of the game's pauses, pointer and sound, and the
+// program's start: the first game is set up before the window shows, so that
+// its first frame is the whole board; the start sound and its pause follow it.
+#include <QApplication>
+#include <QEventLoop>
+#include <QPainter>
+#include <QSvgRenderer>
+#include <QTimer>
+#include <algorithm>
+#include <utility>
+
+#include "ui/frmMain.h"
+
+namespace swui {
+
+using sw::Pointer;
+
+void frmMain::SetSoundFileName(const std::string& fileName) {
+  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
+  else mmcSound.SetFileName(fileName);
+}
+
+void frmMain::SoundCommand(const std::string& command) {
+  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, command] { mmcSound.Command(command); });
+  else mmcSound.Command(command);
+}
+
+void frmMain::SetPointer(Pointer p) {
+  pointer_ = p;
+  // Before the window is up nobody sees the pointer: Start sets the last one asked for.
+  if (starting_ && !isVisible()) return;
+  switch (p) {
+    case Pointer::Custom:
+      setCursor(customPointer_);
+      break;
+    case Pointer::Hourglass:
+      setCursor(Qt::WaitCursor);
+      break;
+    case Pointer::Arrow:
+      setCursor(Qt::ArrowCursor);
+      break;
+  }
+}
+
+void frmMain::Start() {
+  starting_ = true;
+  Form_Load();
+  starting_ = false;
+  // The icon is for the window manager and the task bar: it can follow the first frame too.
+  if (QApplication::windowIcon().isNull())
+    afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
+  if (pointer_ != Pointer::Custom) SetPointer(pointer_);
+  firstFrameDue_ = true;
+  show();
+  setFocus();
+}
+
+QIcon frmMain::AppIcon() {
+  // Drawn once at the sizes a title bar and a task switcher use, not at every size on demand.
+  QSvgRenderer svg(QStringLiteral(":/pictures/icon.svg"));
+  QIcon icon;
+  for (int size : {16, 32, 48, 64}) {
+    QPixmap pm(size, size);
+    pm.fill(Qt::transparent);
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    svg.render(&p);
+    p.end();
+    icon.addPixmap(pm);
+  }
+  return icon;
+}
+
+
+void frmMain::Sleep(int32_t ms) {
+  if (starting_ && !isVisible()) {
+    afterFirstFrame_.push_back([this, ms] {
+      SetPointer(Pointer::Hourglass);
+      Sleep(ms);
+      SetPointer(Pointer::Custom);
+    });
+    return;
+  }
+  QEventLoop loop;
+  QTimer::singleShot(std::max<int32_t>(ms, 0), &loop, &QEventLoop::quit);
+  loop.exec();
+}
+
+void frmMain::DoEvents() { QCoreApplication::processEvents(); }
+
+}  // namespace swui
