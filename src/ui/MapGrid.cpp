@@ -2,8 +2,10 @@
 
 #include <QPaintEvent>
 #include <QPainter>
-#include <algorithm>
 #include <QSvgRenderer>
+#include <algorithm>
+
+#include "ui/Colors.h"
 
 namespace swui {
 
@@ -80,15 +82,6 @@ QString PictureSet::AccessibleText(sw::Picture pic) {
   }
   return QString();
 }
-
-namespace {
-
-QColor Mix(const QColor& a, const QColor& b, double t) {
-  auto mix = [t](int x, int y) { return qRound(x + (y - x) * t); };
-  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
-}
-
-}  // namespace
 
 MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {
   setObjectName("grdMap");

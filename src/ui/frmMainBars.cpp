@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "ui/Colors.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMain.h"
 
@@ -18,11 +19,6 @@ using sw::Label;
 namespace {
 
 constexpr const char* kGameBack = "gameBackColor";
-
-QColor Mix(const QColor& a, const QColor& b, double t) {
-  auto mix = [t](int x, int y) { return qRound(x + (y - x) * t); };
-  return QColor(mix(a.red(), b.red()), mix(a.green(), b.green()), mix(a.blue(), b.blue()));
-}
 
 // The bar itself: the window's colour with a fine line along its top edge.
 class InfoBar : public QFrame {
