@@ -7,6 +7,7 @@
 #include <QTest>
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <cstdio>
 #include <mutex>
 #include <thread>
@@ -23,10 +24,10 @@ namespace {
 struct Recorder {
   std::mutex m;
   std::vector<std::string> events;  // "open 44100/2", "drop", "drain", "close"
-  size_t frames = 0;
+  std::atomic<size_t> frames = 0;
   bool device = true;
   long queued = 0;   // what the device says it still holds once a clip is written
-  int queries = 0;
+  std::atomic<int> queries = 0;
   void Log(std::string e) {
     std::lock_guard lock(m);
     events.push_back(std::move(e));
@@ -46,12 +47,10 @@ class RecordingOutput : public swui::SoundOutput {
   }
   long Write(const int16_t*, size_t frames) override {
     std::this_thread::sleep_for(std::chrono::milliseconds(4));
-    std::lock_guard lock(r_.m);
     r_.frames += frames;
     return static_cast<long>(frames);
   }
   long Queued() override {
-    std::lock_guard lock(r_.m);
     ++r_.queries;
     return r_.queued;
   }
@@ -165,12 +164,12 @@ class TestSound : public QObject {
     const std::vector<std::string> played{
         "open " + std::to_string(clip->rate) + "/" + std::to_string(clip->channels), "drain", "close"};
     QCOMPARE(rec.Events(), played);
-    QCOMPARE(rec.frames, clip->Frames());
+    QCOMPARE(rec.frames.load(), clip->Frames());
 
     // Again, and a second sound: the first comes from memory.
     Play(s, "ammopu3.mp3");
     QTRY_VERIFY_WITH_TIMEOUT(!s.Playing(), 10000);
-    QCOMPARE(rec.frames, 2 * clip->Frames());
+    QCOMPARE(rec.frames.load(), 2 * clip->Frames());
     QCOMPARE(s.Decodes(), 1);
     Play(s, "comp-dead.mp3");
     Play(s, "ammopu3.mp3");
@@ -238,7 +237,7 @@ class TestSound : public QObject {
     QCOMPARE(s.Decodes(), 1);  // a file that failed is not tried again
     Play(s, "ammopu3.mp3");
     QTRY_VERIFY_WITH_TIMEOUT(!s.Playing(), 5000);
-    QCOMPARE(rec.frames, size_t{0});
+    QCOMPARE(rec.frames.load(), size_t{0});
     s.Command("Close");
     s.Command("Play");  // nothing loaded: nothing happens
     QVERIFY(!s.Loaded() && !s.Playing());
