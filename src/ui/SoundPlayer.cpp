@@ -2,6 +2,7 @@
 
 #include <alsa/asoundlib.h>
 #include <mpg123.h>
+#include <pthread.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -167,6 +168,7 @@ long SoundPlayer::Wakeups() const {
 }
 
 void SoundPlayer::Run() {
+  pthread_setname_np(pthread_self(), "sound");  // as top and /proc name it
   std::unique_lock lock(m_);
   for (;;) {
     cv_.wait(lock, [this] { return quit_ || next_ != nullptr; });
