@@ -2,26 +2,33 @@
 
 #include <alsa/asoundlib.h>
 #include <mpg123.h>
+#include <pthread.h>
 
 #include <algorithm>
+#include <cerrno>
+#include <chrono>
 
 namespace swui {
 
 namespace {
 
 constexpr size_t kChunkFrames = 1024;  // about 23 ms at 44.1 kHz: how quickly a new sound cuts in
+constexpr int kStallMs = 1000;         // a device that takes nothing for this long has failed
+constexpr int kTailWaits = 3;          // a tail that does not shrink after this many waits is dropped
 
 // ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
 void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 
+// Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
 class AlsaOutput : public SoundOutput {
  public:
+  explicit AlsaOutput(std::string device) : device_(std::move(device)) { snd_lib_error_set_handler(QuietAlsa); }
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
-    snd_lib_error_set_handler(QuietAlsa);
-    if (snd_pcm_open(&pcm_, "default", SND_PCM_STREAM_PLAYBACK, 0) < 0) {
+    if (snd_pcm_open(&pcm_, device_.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
       pcm_ = nullptr;
+      Close();
       return false;
     }
     if (snd_pcm_set_params(pcm_, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(channels),
@@ -32,32 +39,46 @@ class AlsaOutput : public SoundOutput {
     return true;
   }
   long Write(const int16_t* samples, size_t frames) override {
-    if (pcm_ == nullptr) return -1;
-    snd_pcm_sframes_t n = snd_pcm_writei(pcm_, samples, frames);
-    if (n < 0) n = snd_pcm_recover(pcm_, static_cast<int>(n), 1);
-    return n < 0 ? -1 : static_cast<long>(n);
+    for (int tries = 0; pcm_ != nullptr && tries < 8; ++tries) {
+      const snd_pcm_sframes_t n = snd_pcm_writei(pcm_, samples, frames);
+      if (n >= 0) return static_cast<long>(n);
+      int err = static_cast<int>(n);
+      if (err == -EAGAIN) {
+        err = snd_pcm_wait(pcm_, kStallMs);
+        if (err == 0) return -1;  // stalled
+        if (err > 0) continue;
+      }
+      if (snd_pcm_recover(pcm_, err, 1) < 0) return -1;
+    }
+    return -1;
   }
-  void Drain() override {
-    if (pcm_ != nullptr) snd_pcm_drain(pcm_);
+  long Queued() override {
+    if (pcm_ == nullptr) return 0;
+    // A clip shorter than the buffer has not started yet: it starts now.
+    if (snd_pcm_state(pcm_) == SND_PCM_STATE_PREPARED) snd_pcm_start(pcm_);
+    snd_pcm_sframes_t delay = 0;
+    return snd_pcm_delay(pcm_, &delay) < 0 ? 0 : static_cast<long>(delay);
   }
+  // The player drains only once Queued() is 0: nothing is left to hear, and closing loses nothing.
+  void Drain() override {}
   void Drop() override {
     if (pcm_ != nullptr) snd_pcm_drop(pcm_);
   }
   void Close() override {
-    if (pcm_ == nullptr) return;
-    snd_pcm_close(pcm_);
+    if (pcm_ != nullptr) snd_pcm_close(pcm_);
     pcm_ = nullptr;
     // The device's configuration is read again for the next sound; silent, it takes no memory.
     snd_config_update_free_global();
   }
 
  private:
+  std::string device_;
   snd_pcm_t* pcm_ = nullptr;
 };
 
 }  // namespace
 
-std::unique_ptr<SoundOutput> MakeAlsaOutput() { return std::make_unique<AlsaOutput>(); }
+std::unique_ptr<SoundOutput> MakeAlsaOutput(const std::string& device) { return std::make_unique<AlsaOutput>(device); }
 
 std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
   mpg123_handle* h = mpg123_new(nullptr, nullptr);
@@ -147,6 +168,7 @@ long SoundPlayer::Wakeups() const {
 }
 
 void SoundPlayer::Run() {
+  pthread_setname_np(pthread_self(), "sound");  // as top and /proc name it
   std::unique_lock lock(m_);
   for (;;) {
     cv_.wait(lock, [this] { return quit_ || next_ != nullptr; });
@@ -156,30 +178,44 @@ void SoundPlayer::Run() {
     next_.reset();
     const uint64_t generation = generation_;
     lock.unlock();
-
-    bool cut = false;
     if (output_->Open(clip->rate, clip->channels)) {
-      const size_t frames = clip->Frames();
-      for (size_t at = 0; at < frames;) {
-        {
-          std::lock_guard check(m_);
-          if (generation_ != generation) {
-            cut = true;
-            break;
-          }
+      bool cut = !Feed(*clip, generation);
+      // The tail still in the device: slept through, unless a new sound or Stop comes first.
+      bool stalled = false;
+      for (int waits = 0; !cut; ++waits) {
+        const long queued = output_->Queued();
+        if (queued <= 0) break;
+        if (waits == kTailWaits) {
+          stalled = true;
+          break;
         }
-        const size_t n = std::min(kChunkFrames, frames - at);
-        const long wrote = output_->Write(clip->samples.data() + at * static_cast<size_t>(clip->channels), n);
-        if (wrote <= 0) break;
-        at += static_cast<size_t>(wrote);
+        const auto tail = std::chrono::microseconds(queued * 1000000LL / clip->rate) + std::chrono::milliseconds(2);
+        lock.lock();
+        cut = cv_.wait_for(lock, tail, [&] { return generation_ != generation; });
+        lock.unlock();
       }
-      if (cut) output_->Drop();
+      if (cut || stalled) output_->Drop();
       else output_->Drain();
       output_->Close();
     }
     lock.lock();
     if (generation_ == generation) playing_ = false;
   }
+}
+
+bool SoundPlayer::Feed(const Clip& clip, uint64_t generation) {
+  const size_t frames = clip.Frames();
+  const auto channels = static_cast<size_t>(clip.channels);
+  for (size_t at = 0; at < frames;) {
+    {
+      std::lock_guard check(m_);
+      if (generation_ != generation) return false;
+    }
+    const long wrote = output_->Write(clip.samples.data() + at * channels, std::min(kChunkFrames, frames - at));
+    if (wrote <= 0) break;
+    at += static_cast<size_t>(wrote);
+  }
+  return true;
 }
 
 }  // namespace swui

@@ -26,14 +26,18 @@ class SoundOutput {
  public:
   virtual ~SoundOutput() = default;
   virtual bool Open(long rate, int channels) = 0;
-  // Writes up to `frames` frames, blocking while the device is full; how many were taken, or -1.
+  // Writes up to `frames` frames, waiting while the device is full; how many were taken, or -1.
   virtual long Write(const int16_t* samples, size_t frames) = 0;
-  virtual void Drain() = 0;  // lets what was written play out
+  // Frames written but not yet heard (starting them if the device still waits for more): the
+  // player sleeps that long, ready to be cut off, until none are left.
+  virtual long Queued() { return 0; }
+  virtual void Drain() = 0;  // the clip has played out
   virtual void Drop() = 0;   // stops at once
   virtual void Close() = 0;
 };
 
-std::unique_ptr<SoundOutput> MakeAlsaOutput();
+// An ALSA device ("default" unless named); quiet when it does not exist.
+std::unique_ptr<SoundOutput> MakeAlsaOutput(const std::string& device = "default");
 
 // Decodes an MP3 file into 16-bit PCM; null when the file cannot be decoded.
 std::shared_ptr<const Clip> DecodeMp3(const std::string& path);
@@ -57,6 +61,8 @@ class SoundPlayer {
 
  private:
   void Run();
+  // Writes a clip to the output; false when a new sound or Stop cut it off.
+  bool Feed(const Clip& clip, uint64_t generation);
 
   std::unique_ptr<SoundOutput> output_;
   std::map<std::string, std::shared_ptr<const Clip>> cache_;
