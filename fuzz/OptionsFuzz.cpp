@@ -119,8 +119,9 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
       for (const test::ShownMsg& m : w.messages)
         fuzz::Check(m.szTitle == "Error: DebugOpen" || m.szTitle == "Options Out of Range",
                     "only the debug-log and settings messages");
-      // Saving and reloading tens of thousands of records is correct but slow; small tables suffice.
-      if (o.gnOptMax <= 256) CheckRoundTrip(sw);
+      // Every record is saved by the same code, so a small table shows the round trip as well as a
+      // large one; saving and reloading hundreds of records would only slow the run.
+      if (o.gnOptMax <= 32) CheckRoundTrip(sw);
     }
   }
   fuzz::RemoveFile(DebugLog::kFileName);
