@@ -19,7 +19,7 @@
 namespace {
 
 struct Sample {
-  double wallMs = 0, cpuMs = 0, rssMb = 0;
+  double wallMs = 0, cpuMs = 0, userMs = 0, faults = 0, rssMb = 0;
   int paints = 0;
 };
 
@@ -51,13 +51,14 @@ bool RunOnce(const char* program, const char* dir, Sample& out) {
   int status = 0;
   rusage ru{};
   if (wait4(pid, &status, 0, &ru) != pid) return false;
-  long long frame = 0, cpu = 0;
-  if (std::sscanf(buf, "%lld %lld %d", &frame, &cpu, &out.paints) != 3) {
+  long long frame = 0, cpu = 0, user = 0;
+  if (std::sscanf(buf, "%lld %lld %d %lld %lf", &frame, &cpu, &out.paints, &user, &out.faults) != 5) {
     std::fprintf(stderr, "exit status %d, report \"%s\"\n", status, buf);
     return false;
   }
   out.wallMs = static_cast<double>(frame - start) / 1e6;
   out.cpuMs = static_cast<double>(cpu) / 1e6;
+  out.userMs = static_cast<double>(user) / 1e6;
   out.rssMb = static_cast<double>(ru.ru_maxrss) / 1024.0;
   return true;
 }
@@ -92,19 +93,22 @@ int main(int argc, char* argv[]) {
       }
       samples[static_cast<size_t>(p)].push_back(s);
     }
-  std::printf("%-28s %12s %12s %8s %10s\n", "program", "to frame ms", "CPU ms", "frames", "peak MB");
+  std::printf("%-28s %12s %12s %8s %10s %9s %10s\n", "program", "to frame ms", "CPU ms", "frames", "peak MB",
+              "user ms", "faults");
   for (int p = 0; p < programs; ++p) {
-    std::vector<double> wall, cpu, rss, paints;
+    std::vector<double> wall, cpu, user, faults, rss, paints;
     for (const Sample& s : samples[static_cast<size_t>(p)]) {
       wall.push_back(s.wallMs);
       cpu.push_back(s.cpuMs);
+      user.push_back(s.userMs);
+      faults.push_back(s.faults);
       rss.push_back(s.rssMb);
       paints.push_back(s.paints);
     }
     std::string name = argv[3 + p];
     name = name.substr(name.find_last_of('/') + 1);
-    std::printf("%-28s %12.1f %12.1f %8.0f %10.1f\n", name.c_str(), Median(wall), Median(cpu), Median(paints),
-                Median(rss));
+    std::printf("%-28s %12.1f %12.1f %8.0f %10.1f %9.1f %10.0f\n", name.c_str(), Median(wall), Median(cpu),
+                Median(paints), Median(rss), Median(user), Median(faults));
   }
   return 0;
 }

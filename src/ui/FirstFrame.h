@@ -1,7 +1,7 @@
 #pragma once
 // A probe for the start-up benchmark, kept out of the way of play: with
 // SKITTERWEB_FIRST_FRAME=FD in the environment, the program writes one line
-// "<monotonic clock ns> <process CPU ns> <frames painted>" to file descriptor
+// "<monotonic clock ns> <process CPU ns> <frames painted> <user CPU ns> <page faults>" to file descriptor
 // FD once its first frame is on screen, and then ends. Header-only, Qt only,
 // so that the bare window the benchmark compares against carries the same probe.
 #include <QCoreApplication>
@@ -42,11 +42,13 @@ class FirstFrame : public QObject {
         getrusage(RUSAGE_SELF, &ru);
         const long long cpu = (ru.ru_utime.tv_sec + ru.ru_stime.tv_sec) * 1000000000LL +
                               (ru.ru_utime.tv_usec + ru.ru_stime.tv_usec) * 1000LL;
+        const long long user = ru.ru_utime.tv_sec * 1000000000LL + ru.ru_utime.tv_usec * 1000LL;
+        const long faults = ru.ru_minflt + ru.ru_majflt;
         // Frames are counted a little longer: a second full paint would show here.
-        QTimer::singleShot(300, this, [this, now, cpu] {
-          char line[96];
-          const int n = std::snprintf(line, sizeof line, "%lld %lld %d\n",
-                                      now.tv_sec * 1000000000LL + now.tv_nsec, cpu, paints_);
+        QTimer::singleShot(300, this, [this, now, cpu, user, faults] {
+          char line[128];
+          const int n = std::snprintf(line, sizeof line, "%lld %lld %d %lld %ld\n",
+                                      now.tv_sec * 1000000000LL + now.tv_nsec, cpu, paints_, user, faults);
           if (n > 0 && write(fd_, line, static_cast<size_t>(n)) < 0) std::perror("first frame probe");
           QCoreApplication::exit(0);
         });

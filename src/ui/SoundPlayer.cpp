@@ -1,7 +1,7 @@
 #include "ui/SoundPlayer.h"
 
-#include <alsa/asoundlib.h>
-#include <mpg123.h>
+#include "ui/SoundLibs.h"
+
 #include <pthread.h>
 
 #include <algorithm>
@@ -22,16 +22,19 @@ void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 // Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
 class AlsaOutput : public SoundOutput {
  public:
-  explicit AlsaOutput(std::string device) : device_(std::move(device)) { snd_lib_error_set_handler(QuietAlsa); }
+  explicit AlsaOutput(std::string device) : device_(std::move(device)) {
+    if (a_ != nullptr) a_->snd_lib_error_set_handler(QuietAlsa);
+  }
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
-    if (snd_pcm_open(&pcm_, device_.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
+    if (a_ == nullptr) return false;
+    if (a_->snd_pcm_open(&pcm_, device_.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
       pcm_ = nullptr;
       Close();
       return false;
     }
-    if (snd_pcm_set_params(pcm_, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(channels),
+    if (a_->snd_pcm_set_params(pcm_, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(channels),
                            static_cast<unsigned>(rate), 1, 100000) < 0) {
       Close();
       return false;
@@ -40,38 +43,39 @@ class AlsaOutput : public SoundOutput {
   }
   long Write(const int16_t* samples, size_t frames) override {
     for (int tries = 0; pcm_ != nullptr && tries < 8; ++tries) {
-      const snd_pcm_sframes_t n = snd_pcm_writei(pcm_, samples, frames);
+      const snd_pcm_sframes_t n = a_->snd_pcm_writei(pcm_, samples, frames);
       if (n >= 0) return static_cast<long>(n);
       int err = static_cast<int>(n);
       if (err == -EAGAIN) {
-        err = snd_pcm_wait(pcm_, kStallMs);
+        err = a_->snd_pcm_wait(pcm_, kStallMs);
         if (err == 0) return -1;  // stalled
         if (err > 0) continue;
       }
-      if (snd_pcm_recover(pcm_, err, 1) < 0) return -1;
+      if (a_->snd_pcm_recover(pcm_, err, 1) < 0) return -1;
     }
     return -1;
   }
   long Queued() override {
     if (pcm_ == nullptr) return 0;
     // A clip shorter than the buffer has not started yet: it starts now.
-    if (snd_pcm_state(pcm_) == SND_PCM_STATE_PREPARED) snd_pcm_start(pcm_);
+    if (a_->snd_pcm_state(pcm_) == SND_PCM_STATE_PREPARED) a_->snd_pcm_start(pcm_);
     snd_pcm_sframes_t delay = 0;
-    return snd_pcm_delay(pcm_, &delay) < 0 ? 0 : static_cast<long>(delay);
+    return a_->snd_pcm_delay(pcm_, &delay) < 0 ? 0 : static_cast<long>(delay);
   }
   // The player drains only once Queued() is 0: nothing is left to hear, and closing loses nothing.
   void Drain() override {}
   void Drop() override {
-    if (pcm_ != nullptr) snd_pcm_drop(pcm_);
+    if (pcm_ != nullptr) a_->snd_pcm_drop(pcm_);
   }
   void Close() override {
-    if (pcm_ != nullptr) snd_pcm_close(pcm_);
+    if (pcm_ != nullptr) a_->snd_pcm_close(pcm_);
     pcm_ = nullptr;
     // The device's configuration is read again for the next sound; silent, it takes no memory.
-    snd_config_update_free_global();
+    if (a_ != nullptr) a_->snd_config_update_free_global();
   }
 
  private:
+  const AlsaLib* a_ = Alsa();  // null without ALSA: the output never opens
   std::string device_;
   snd_pcm_t* pcm_ = nullptr;
 };
@@ -81,33 +85,35 @@ class AlsaOutput : public SoundOutput {
 std::unique_ptr<SoundOutput> MakeAlsaOutput(const std::string& device) { return std::make_unique<AlsaOutput>(device); }
 
 std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
-  mpg123_handle* h = mpg123_new(nullptr, nullptr);
+  const Mpg123Lib* m = Mpg123();
+  if (m == nullptr) return nullptr;
+  mpg123_handle* h = m->mpg123_new(nullptr, nullptr);
   if (h == nullptr) return nullptr;
   auto clip = std::make_shared<Clip>();
-  bool ok = mpg123_param(h, MPG123_ADD_FLAGS, MPG123_QUIET, 0) == MPG123_OK &&
-            mpg123_format_none(h) == MPG123_OK;
+  bool ok = m->mpg123_param2(h, MPG123_ADD_FLAGS, MPG123_QUIET, 0) == MPG123_OK &&
+            m->mpg123_format_none(h) == MPG123_OK;
   // Whatever rate the file has, as 16-bit samples.
   for (long rate : {8000L, 11025L, 12000L, 16000L, 22050L, 24000L, 32000L, 44100L, 48000L})
-    ok = ok && mpg123_format(h, rate, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16) == MPG123_OK;
-  ok = ok && mpg123_open(h, path.c_str()) == MPG123_OK;
+    ok = ok && m->mpg123_format(h, rate, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16) == MPG123_OK;
+  ok = ok && m->mpg123_open(h, path.c_str()) == MPG123_OK;
   if (ok) {
     long rate = 0;
     int channels = 0, encoding = 0;
-    ok = mpg123_getformat(h, &rate, &channels, &encoding) == MPG123_OK;
+    ok = m->mpg123_getformat(h, &rate, &channels, &encoding) == MPG123_OK;
     clip->rate = rate;
     clip->channels = channels;
     unsigned char buf[16384];
     for (int err = MPG123_OK; ok && err != MPG123_DONE;) {
       size_t done = 0;
-      err = mpg123_read(h, buf, sizeof buf, &done);
+      err = m->mpg123_read(h, buf, sizeof buf, &done);
       if (err == MPG123_NEW_FORMAT) continue;  // the format was fixed above
       if (err != MPG123_OK && err != MPG123_DONE) ok = false;
       const auto* s = reinterpret_cast<const int16_t*>(buf);
       clip->samples.insert(clip->samples.end(), s, s + done / sizeof(int16_t));
     }
-    mpg123_close(h);
+    m->mpg123_close(h);
   }
-  mpg123_delete(h);
+  m->mpg123_delete(h);
   if (!ok || clip->channels <= 0 || clip->rate <= 0 || clip->Frames() == 0) return nullptr;
   return clip;
 }

@@ -7,8 +7,6 @@
 #include <QLabel>
 #include <QLayout>
 #include <QMouseEvent>
-#include <QPainter>
-#include <QSvgRenderer>
 #include <QTimer>
 #include <utility>
 
@@ -33,22 +31,6 @@ using sw::Pointer;
 
 // The map the window is laid out for until the first game sizes it.
 constexpr int16_t kDesignCols = 24, kDesignRows = 14;
-
-QCursor MakeCustomPointer(qreal dpr) {
-  QSvgRenderer r(QStringLiteral(":/pictures/pointer.svg"));
-  if (!r.isValid()) return QCursor(Qt::ArrowCursor);
-  const int size = 32;
-  const int device = qRound(size * dpr);
-  QPixmap pm(device, device);
-  pm.fill(Qt::transparent);
-  {
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    r.render(&p, QRectF(0, 0, device, device));
-  }
-  pm.setDevicePixelRatio(dpr);
-  return QCursor(pm, 0, 0);
-}
 
 }  // namespace
 
@@ -77,9 +59,6 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   BuildInfoBar();
   BuildMenus();
   ApplyLook();
-
-  customPointer_ = MakeCustomPointer(devicePixelRatioF());
-  setCursor(customPointer_);
 
   grdMap->SetDimensions(kDesignCols, kDesignRows);
   const int32_t width = std::max<int32_t>(kDesignCols * sw::twips::kCell, sw::twips::kMinWidth);

@@ -8,6 +8,7 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <map>
 #include <memory>
 #include <vector>
@@ -148,7 +149,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   Twips tw_;
   PictureSet pictures_;
   Sound mmcSound;
-  QCursor customPointer_;
+  std::optional<QCursor> customPointer_;  // drawn on first use
   sw::Pointer pointer_ = sw::Pointer::Custom;
   QWidget* central_ = nullptr;
   int32_t widthTw_ = 0;

@@ -15,6 +15,26 @@ namespace swui {
 
 using sw::Pointer;
 
+namespace {
+
+QCursor MakeCustomPointer(qreal dpr) {
+  QSvgRenderer r(QStringLiteral(":/pictures/pointer.svg"));
+  if (!r.isValid()) return QCursor(Qt::ArrowCursor);
+  const int size = 32;
+  const int device = qRound(size * dpr);
+  QPixmap pm(device, device);
+  pm.fill(Qt::transparent);
+  {
+    QPainter p(&pm);
+    p.setRenderHint(QPainter::Antialiasing);
+    r.render(&p, QRectF(0, 0, device, device));
+  }
+  pm.setDevicePixelRatio(dpr);
+  return QCursor(pm, 0, 0);
+}
+
+}  // namespace
+
 void frmMain::SetSoundFileName(const std::string& fileName) {
   if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
   else mmcSound.SetFileName(fileName);
@@ -31,7 +51,8 @@ void frmMain::SetPointer(Pointer p) {
   if (starting_ && !isVisible()) return;
   switch (p) {
     case Pointer::Custom:
-      setCursor(customPointer_);
+      if (!customPointer_) customPointer_ = MakeCustomPointer(devicePixelRatioF());
+      setCursor(*customPointer_);
       break;
     case Pointer::Hourglass:
       setCursor(Qt::WaitCursor);
@@ -49,7 +70,8 @@ void frmMain::Start() {
   // The icon is for the window manager and the task bar: it can follow the first frame too.
   if (QApplication::windowIcon().isNull())
     afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
-  if (pointer_ != Pointer::Custom) SetPointer(pointer_);
+  // So can the pointer: it is drawn from its picture.
+  afterFirstFrame_.insert(afterFirstFrame_.begin(), [this] { SetPointer(pointer_); });
   firstFrameDue_ = true;
   show();
   setFocus();

@@ -6,6 +6,7 @@
 
 #include "ui/BenchProbe.h"
 #include "ui/FirstFrame.h"
+#include "ui/GameStyle.h"
 #include "ui/SignalEnd.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
@@ -18,6 +19,7 @@ int main(int argc, char* argv[]) {
   QApplication::setApplicationVersion("1.14");
   // Lets a Wayland desktop match the window with the installed menu entry.
   QGuiApplication::setDesktopFileName(QStringLiteral("io.github.skitterweb.Skitterweb"));
+  QApplication::setStyle(new swui::GameStyle);
   swui::InstallHelpKey(app);
   swui::frmMain frmMain;
   swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });

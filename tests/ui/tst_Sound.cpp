@@ -104,6 +104,12 @@ QByteArray Stderr(F body) {
   return file.readAll();
 }
 
+// Whether a shared library whose file name starts with `name` is mapped into this process.
+bool Mapped(const char* name) {
+  QFile maps("/proc/self/maps");
+  return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(QByteArray("/") + name);
+}
+
 void Play(Sound& s, const std::string& name) {
   for (const char* c : {"Stop", "Close"}) s.Command(c);
   s.SetFileName(std::string(".\\sounds\\") + name);
@@ -119,6 +125,22 @@ class TestSound : public QObject {
   uitest::FreshDir dir_;
 
  private slots:
+  // First, while nothing has played: the libraries come with the first sound, not with the program.
+  void theSoundLibrariesComeWithTheFirstSound() {
+    QVERIFY(!Mapped("libmpg123.so") && !Mapped("libasound.so"));
+    Recorder rec;
+    {
+      Sound s(std::make_unique<RecordingOutput>(rec));
+      Play(s, "ammopu3.mp3");
+      QVERIFY(s.Loaded());
+      QTRY_VERIFY_WITH_TIMEOUT(!s.Playing(), 5000);
+    }
+    QVERIFY(Mapped("libmpg123.so"));
+    QVERIFY(!Mapped("libasound.so"));  // the recording output needs no device
+    const auto alsa = swui::MakeAlsaOutput("skitterweb_no_such_device");
+    QVERIFY(Mapped("libasound.so"));
+  }
+
   void resolvesBesideTheProgramFirst() {
     QVERIFY(QDir().mkpath("sounds") && uitest::WriteFile("sounds/comp-dead.mp3", "x"));
     QCOMPARE(Sound::Resolve(".\\sounds\\comp-dead.mp3"), std::string("sounds/comp-dead.mp3"));
