@@ -3,11 +3,15 @@
 // shade apart from the window, and the pictures stand out on it.
 //   SKITTERWEB_SHOTS=DIR tst_frmMainLook   also saves main-light.png and main-dark.png there.
 #include <QApplication>
+#include <QMainWindow>
+#include <QMenuBar>
+#include <QToolButton>
 #include <QStyle>
 #include <QStyleFactory>
 #include <QTest>
 #include <cmath>
 
+#include "ui/GameStyle.h"
 #include "ui/UiTestSupport.h"
 #include "ui/frmMain.h"
 
@@ -94,6 +98,26 @@ class TestFrmMainLook : public QObject {
   void dark() {
     QApplication::setPalette(DarkPalette());
     Check("dark");
+  }
+
+  // The game's style keeps the desktop's and puts off drawing the menu bar's arrow until the menus
+  // do not fit; then the arrow is the desktop's own.
+  void theMenuBarArrowWhenTheMenusDoNotFit() {
+    auto* style = new swui::GameStyle;
+    QApplication::setStyle(style);
+    QCOMPARE(style->baseStyle()->name(), QStringLiteral("fusion"));
+    QMainWindow w;
+    for (int i = 1; i <= 8; ++i) w.menuBar()->addMenu(QStringLiteral("Menu %1").arg(i));
+    w.resize(160, 100);
+    w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&w));
+    auto* arrow = w.menuBar()->findChild<QToolButton*>(QStringLiteral("qt_menubar_ext_button"));
+    QVERIFY(arrow != nullptr);
+    QTRY_VERIFY(arrow->isVisible());
+    const QImage real =
+        style->baseStyle()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton).pixmap(16).toImage();
+    QVERIFY(!real.isNull());
+    QCOMPARE(arrow->icon().pixmap(16).toImage(), real);
   }
 };
 
