@@ -6,6 +6,8 @@
 #include <algorithm>
 
 #include "ui/Colors.h"
+#include "ui/PictureRender.h"
+#include "ui/Prerendered.h"
 
 namespace swui {
 
@@ -47,18 +49,36 @@ QSvgRenderer* PictureSet::Renderer(sw::Picture pic) const {
   return it->second.get();
 }
 
+QImage PictureSet::Prerendered(sw::Picture pic, int device) {
+  const char* file = PictureFile(pic);
+  if (file == nullptr) return {};
+  // ":/pictures/virus.svg" is "virus".
+  QByteArray name(file);
+  name = name.mid(name.lastIndexOf('/') + 1).chopped(4);
+  const unsigned char* pixels = PrerenderedPixels(name.constData(), device);
+  if (pixels == nullptr) return {};
+  return QImage(pixels, device, device, QImage::Format_ARGB32_Premultiplied);
+}
+
+QImage PictureSet::FromSvg(sw::Picture pic, int device) const {
+  QSvgRenderer* r = Renderer(pic);
+  if (r == nullptr) {
+    QImage empty(device, device, QImage::Format_ARGB32_Premultiplied);
+    empty.fill(Qt::transparent);
+    return empty;
+  }
+  return RenderPicture(*r, device);
+}
+
 QPixmap PictureSet::Pixmap(sw::Picture pic, int size, qreal dpr) const {
   const int device = qRound(size * dpr);
   const quint64 key = (quint64(static_cast<int>(pic)) << 48) | (quint64(device) << 16) | quint64(qRound(dpr * 100));
   auto it = cache_.constFind(key);
   if (it != cache_.constEnd()) return *it;
-  QPixmap pm(device, device);
-  pm.fill(Qt::transparent);
-  if (QSvgRenderer* r = Renderer(pic); r != nullptr && r->isValid()) {
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    r->render(&p, QRectF(0, 0, device, device));
-  }
+  // Drawn ahead at the common sizes; otherwise from the SVG, read on first use.
+  QImage image = Prerendered(pic, device);
+  if (image.isNull()) image = FromSvg(pic, device);
+  QPixmap pm = QPixmap::fromImage(image);
   pm.setDevicePixelRatio(dpr);
   cache_.insert(key, pm);
   return pm;

@@ -24,6 +24,12 @@ class PictureSet {
   QSvgRenderer* Renderer(sw::Picture pic) const;
   // The picture drawn into a square of `size` logical pixels.
   QPixmap Pixmap(sw::Picture pic, int size, qreal dpr) const;
+  // The picture `device` pixels square as drawn at build time; null at a size not drawn ahead.
+  static QImage Prerendered(sw::Picture pic, int device);
+  // The picture `device` pixels square drawn now from its SVG.
+  QImage FromSvg(sw::Picture pic, int device) const;
+  // How many SVG files have been read so far.
+  int SvgReads() const { return static_cast<int>(renderers_.size()); }
   // What a cell shows, in words ("virus", "Whisk facing up", "" for an empty cell).
   static QString AccessibleText(sw::Picture pic);
 
@@ -51,6 +57,7 @@ class MapGrid : public QWidget {
   int rowHeight(int) const { return cellH_; }
 
   void SetPicture(int col, int row, sw::Picture pic);
+  const PictureSet& Pictures() const { return pictures_; }
   sw::Picture PictureAt(int col, int row) const;
   // What a cell shows, in words, for assistive technology.
   QString CellText(int col, int row) const { return PictureSet::AccessibleText(PictureAt(col, row)); }

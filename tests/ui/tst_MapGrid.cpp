@@ -64,6 +64,27 @@ class TestMapGrid : public QObject {
     QCOMPARE(g.CellText(4, 2), QStringLiteral("Whisk facing right"));
   }
 
+  // What the build drew ahead is what the SVG gives now, pixel for pixel; other sizes come from the SVG.
+  void picturesDrawnAheadMatchTheirSvgs() {
+    const Picture all[] = {Picture::Player1, Picture::Player2, Picture::Player3, Picture::Player4,
+                           Picture::Player5, Picture::Player6, Picture::Player7, Picture::Player8,
+                           Picture::Player9, Picture::Death,   Picture::Virus,   Picture::Infected};
+    swui::PictureSet fresh;
+    for (Picture pic : all)
+      for (int device : {31, 33, 62, 66}) {
+        const QImage ahead = swui::PictureSet::Prerendered(pic, device);
+        QVERIFY2(!ahead.isNull(), qPrintable(QString("picture %1 at %2 px").arg(int(pic)).arg(device)));
+        QCOMPARE(ahead, fresh.FromSvg(pic, device));
+      }
+    QVERIFY(swui::PictureSet::Prerendered(Picture::None, 31).isNull());
+    QVERIFY(swui::PictureSet::Prerendered(Picture::Virus, 40).isNull());
+    const QPixmap drawn = fresh.Pixmap(Picture::Virus, 20, 2.0);
+    QCOMPARE(drawn.devicePixelRatio(), 2.0);
+    QImage expected = fresh.FromSvg(Picture::Virus, 40);
+    expected.setDevicePixelRatio(2.0);
+    QCOMPARE(drawn.toImage(), expected);
+  }
+
   void paintsBoardLinesAndPictures() {
     MapGrid g(pictures_);
     Setup(g);

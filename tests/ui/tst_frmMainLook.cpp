@@ -100,6 +100,21 @@ class TestFrmMainLook : public QObject {
     Check("dark");
   }
 
+  // On a 96 DPI screen at scale 1 the board's pictures were drawn at build time, with the grid
+  // or without it: the window reads no SVG to show them.
+  void aBoardAt96DpiReadsNoSvg() {
+    Session s;
+    QCOMPARE(s.w.logicalDpiX(), 96);
+    s.w.show();
+    QVERIFY(QTest::qWaitForWindowExposed(&s.w));
+    s.w.Form_Load();
+    (void)s.w.grab();
+    s.w.sw.menu.menGrid_Click();
+    (void)s.w.grab();
+    QVERIFY(!s.w.grdMap->showGrid());
+    QCOMPARE(s.w.grdMap->Pictures().SvgReads(), 0);
+  }
+
   // The game's style keeps the desktop's and puts off drawing the menu bar's arrow until the menus
   // do not fit; then the arrow is the desktop's own.
   void theMenuBarArrowWhenTheMenusDoNotFit() {
