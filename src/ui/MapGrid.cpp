@@ -55,9 +55,7 @@ QImage PictureSet::Prerendered(sw::Picture pic, int device) {
   // ":/pictures/virus.svg" is "virus".
   QByteArray name(file);
   name = name.mid(name.lastIndexOf('/') + 1).chopped(4);
-  const unsigned char* pixels = PrerenderedPixels(name.constData(), device);
-  if (pixels == nullptr) return {};
-  return QImage(pixels, device, device, QImage::Format_ARGB32_Premultiplied);
+  return PrerenderedImage(name.constData(), device);
 }
 
 QImage PictureSet::FromSvg(sw::Picture pic, int device) const {

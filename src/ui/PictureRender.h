@@ -6,6 +6,8 @@
 #include <QPainter>
 #include <QSvgRenderer>
 
+#include "ui/Prerendered.h"
+
 namespace swui {
 
 inline QImage RenderPicture(QSvgRenderer& svg, int device) {
@@ -17,6 +19,15 @@ inline QImage RenderPicture(QSvgRenderer& svg, int device) {
     svg.render(&p, QRectF(0, 0, device, device));
   }
   return image;
+}
+
+// Picture `name` (":/pictures/NAME.svg") `device` pixels square: drawn ahead at this size,
+// or else drawn from its SVG now; null when there is no such picture.
+inline QImage PictureImage(const char* name, int device) {
+  QImage image = PrerenderedImage(name, device);
+  if (!image.isNull()) return image;
+  QSvgRenderer svg(QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(name)));
+  return svg.isValid() ? RenderPicture(svg, device) : QImage();
 }
 
 }  // namespace swui

@@ -3,12 +3,11 @@
 // its first frame is the whole board; the start sound and its pause follow it.
 #include <QApplication>
 #include <QEventLoop>
-#include <QPainter>
-#include <QSvgRenderer>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
+#include "ui/PictureRender.h"
 #include "ui/frmMain.h"
 
 namespace swui {
@@ -18,17 +17,8 @@ using sw::Pointer;
 namespace {
 
 QCursor MakeCustomPointer(qreal dpr) {
-  QSvgRenderer r(QStringLiteral(":/pictures/pointer.svg"));
-  if (!r.isValid()) return QCursor(Qt::ArrowCursor);
-  const int size = 32;
-  const int device = qRound(size * dpr);
-  QPixmap pm(device, device);
-  pm.fill(Qt::transparent);
-  {
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    r.render(&p, QRectF(0, 0, device, device));
-  }
+  QPixmap pm = QPixmap::fromImage(PictureImage("pointer", qRound(32 * dpr)));
+  if (pm.isNull()) return QCursor(Qt::ArrowCursor);
   pm.setDevicePixelRatio(dpr);
   return QCursor(pm, 0, 0);
 }
@@ -78,17 +68,11 @@ void frmMain::Start() {
 }
 
 QIcon frmMain::AppIcon() {
-  // Drawn once at the sizes a title bar and a task switcher use, not at every size on demand.
-  QSvgRenderer svg(QStringLiteral(":/pictures/icon.svg"));
+  // At the sizes a title bar and a task switcher use, not at every size on demand.
   QIcon icon;
   for (int size : {16, 32, 48, 64}) {
-    QPixmap pm(size, size);
-    pm.fill(Qt::transparent);
-    QPainter p(&pm);
-    p.setRenderHint(QPainter::Antialiasing);
-    svg.render(&p);
-    p.end();
-    icon.addPixmap(pm);
+    const QPixmap pm = QPixmap::fromImage(PictureImage("icon", size));
+    if (!pm.isNull()) icon.addPixmap(pm);
   }
   return icon;
 }

@@ -4,7 +4,11 @@
 #include <QPaintEvent>
 #include <QTest>
 
+#include <QSvgRenderer>
+#include <utility>
+
 #include "ui/MapGrid.h"
+#include "ui/PictureRender.h"
 
 using sw::Picture;
 using swui::MapGrid;
@@ -76,6 +80,18 @@ class TestMapGrid : public QObject {
         QVERIFY2(!ahead.isNull(), qPrintable(QString("picture %1 at %2 px").arg(int(pic)).arg(device)));
         QCOMPARE(ahead, fresh.FromSvg(pic, device));
       }
+    // The window icon and the pointer at the sizes a 96 DPI start shows, at scale 1 and 2.
+    for (const auto& [name, device] : {std::pair{"icon", 16}, {"icon", 32}, {"icon", 48}, {"icon", 64},
+                                       {"pointer", 32}, {"pointer", 64}}) {
+      const QImage ahead = swui::PrerenderedImage(name, device);
+      QVERIFY2(!ahead.isNull(), qPrintable(QString("%1 at %2 px").arg(name).arg(device)));
+      QSvgRenderer svg(QStringLiteral(":/pictures/%1.svg").arg(QLatin1String(name)));
+      QCOMPARE(ahead, swui::RenderPicture(svg, device));
+      QCOMPARE(swui::PictureImage(name, device), ahead);
+    }
+    QSvgRenderer icon(QStringLiteral(":/pictures/icon.svg"));
+    QCOMPARE(swui::PictureImage("icon", 128), swui::RenderPicture(icon, 128));
+    QVERIFY(swui::PictureImage("no such picture", 32).isNull());
     QVERIFY(swui::PictureSet::Prerendered(Picture::None, 31).isNull());
     QVERIFY(swui::PictureSet::Prerendered(Picture::Virus, 40).isNull());
     const QPixmap drawn = fresh.Pixmap(Picture::Virus, 20, 2.0);
