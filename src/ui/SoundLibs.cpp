@@ -12,36 +12,44 @@ bool Bind(void* handle, const char* name, Fn& fn) {
   return fn != nullptr;
 }
 
-// A library missing any one function counts as missing.
-template <class Lib, class BindAll>
-const Lib* Open(const char* file, BindAll bindAll) {
-  static Lib lib;
-  void* handle = dlopen(file, RTLD_NOW | RTLD_LOCAL);
-  return handle != nullptr && bindAll(handle, lib) ? &lib : nullptr;
-}
-
 #define SWUI_BIND(name) ok = Bind(handle, #name, lib.name) && ok;
 
-}  // namespace
-
-const AlsaLib* Alsa() {
-  static const AlsaLib* const lib = Open<AlsaLib>("libasound.so.2", [](void* handle, AlsaLib& lib) {
-    bool ok = true;
-    SWUI_ALSA_FUNCTIONS(SWUI_BIND)
-    return ok;
-  });
-  return lib;
+// A library missing any one function counts as missing.
+bool BindAll(void* handle, AlsaLib& lib) {
+  bool ok = true;
+  SWUI_ALSA_FUNCTIONS(SWUI_BIND)
+  return ok;
 }
 
-const Mpg123Lib* Mpg123() {
-  static const Mpg123Lib* const lib = Open<Mpg123Lib>("libmpg123.so.0", [](void* handle, Mpg123Lib& lib) {
-    bool ok = true;
-    SWUI_MPG123_FUNCTIONS(SWUI_BIND)
-    return ok;
-  });
-  return lib;
+bool BindAll(void* handle, Mpg123Lib& lib) {
+  bool ok = true;
+  SWUI_MPG123_FUNCTIONS(SWUI_BIND)
+  return ok;
 }
 
 #undef SWUI_BIND
+
+const char* FileOf(const AlsaLib*) { return "libasound.so.2"; }
+const char* FileOf(const Mpg123Lib*) { return "libmpg123.so.0"; }
+
+}  // namespace
+
+template <class Lib>
+const Lib* HeldLib<Lib>::Get() {
+  if (handle_ != nullptr) return &lib_;
+  handle_ = dlopen(FileOf(&lib_), RTLD_NOW | RTLD_LOCAL);
+  if (handle_ != nullptr && !BindAll(handle_, lib_)) Release();
+  return handle_ != nullptr ? &lib_ : nullptr;
+}
+
+template <class Lib>
+void HeldLib<Lib>::Release() {
+  if (handle_ != nullptr) dlclose(handle_);
+  handle_ = nullptr;
+  lib_ = Lib{};
+}
+
+template class HeldLib<AlsaLib>;
+template class HeldLib<Mpg123Lib>;
 
 }  // namespace swui

@@ -1,6 +1,7 @@
 #pragma once
-// The sound libraries, opened on first use instead of at start: the window is
-// up before they are loaded, a game with sound off never maps them, and a
+// The sound libraries, loaded when a sound needs them and let go when it is
+// done, instead of at start: the window is up before they are loaded, a game
+// with sound off never maps them, a game that sits quiet holds neither, and a
 // machine without them plays silently.
 #include <alsa/asoundlib.h>
 #include <mpg123.h>
@@ -15,7 +16,7 @@ namespace swui {
 // mpg123_param is a macro for mpg123_param2.
 #define SWUI_MPG123_FUNCTIONS(X)                                                                     \
   X(mpg123_new) X(mpg123_delete) X(mpg123_param2) X(mpg123_format_none) X(mpg123_format) X(mpg123_open) \
-  X(mpg123_getformat) X(mpg123_read) X(mpg123_close)
+  X(mpg123_getformat) X(mpg123_scan) X(mpg123_length) X(mpg123_read) X(mpg123_close)
 
 #define SWUI_FUNCTION_POINTER(name) decltype(&::name) name = nullptr;
 
@@ -29,8 +30,27 @@ struct Mpg123Lib {
 
 #undef SWUI_FUNCTION_POINTER
 
-// Each library is loaded once, by whichever thread asks first; null when it cannot be loaded.
-const AlsaLib* Alsa();
-const Mpg123Lib* Mpg123();
+// One library, held from Get() until Release() or the end of the holder. A
+// library is used by one thread at a time: mpg123 by the decoder on the game's
+// thread, ALSA by the sound thread. Loading counts in the system's loader, so
+// two holders of one library are safe; the library goes when the last lets go.
+template <class Lib>
+class HeldLib {
+ public:
+  HeldLib() = default;
+  HeldLib(const HeldLib&) = delete;
+  HeldLib& operator=(const HeldLib&) = delete;
+  ~HeldLib() { Release(); }
+  // The library's functions, loaded now if not held yet; null when it cannot be loaded.
+  const Lib* Get();
+  void Release();
+
+ private:
+  void* handle_ = nullptr;
+  Lib lib_;
+};
+
+extern template class HeldLib<AlsaLib>;
+extern template class HeldLib<Mpg123Lib>;
 
 }  // namespace swui

@@ -15,20 +15,22 @@ namespace {
 constexpr size_t kChunkFrames = 1024;  // about 23 ms at 44.1 kHz: how quickly a new sound cuts in
 constexpr int kStallMs = 1000;         // a device that takes nothing for this long has failed
 constexpr int kTailWaits = 3;          // a tail that does not shrink after this many waits is dropped
+constexpr off_t kMaxReservedFrames = 10 * 60 * 48000;  // a longer clip is decoded without counting it first
 
 // ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
 void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 
 // Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
+// ALSA is loaded by each Open and let go by each Close: between sounds the game holds none of it.
 class AlsaOutput : public SoundOutput {
  public:
-  explicit AlsaOutput(std::string device) : device_(std::move(device)) {
-    if (a_ != nullptr) a_->snd_lib_error_set_handler(QuietAlsa);
-  }
+  explicit AlsaOutput(std::string device) : device_(std::move(device)) {}
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
-    if (a_ == nullptr) return false;
+    a_ = alsa_.Get();
+    if (a_ == nullptr) return false;  // no ALSA: the output never opens
+    a_->snd_lib_error_set_handler(QuietAlsa);
     if (a_->snd_pcm_open(&pcm_, device_.c_str(), SND_PCM_STREAM_PLAYBACK, SND_PCM_NONBLOCK) < 0) {
       pcm_ = nullptr;
       Close();
@@ -72,10 +74,13 @@ class AlsaOutput : public SoundOutput {
     pcm_ = nullptr;
     // The device's configuration is read again for the next sound; silent, it takes no memory.
     if (a_ != nullptr) a_->snd_config_update_free_global();
+    a_ = nullptr;
+    alsa_.Release();
   }
 
  private:
-  const AlsaLib* a_ = Alsa();  // null without ALSA: the output never opens
+  HeldLib<AlsaLib> alsa_;
+  const AlsaLib* a_ = nullptr;  // while a sound is open
   std::string device_;
   snd_pcm_t* pcm_ = nullptr;
 };
@@ -85,7 +90,9 @@ class AlsaOutput : public SoundOutput {
 std::unique_ptr<SoundOutput> MakeAlsaOutput(const std::string& device) { return std::make_unique<AlsaOutput>(device); }
 
 std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
-  const Mpg123Lib* m = Mpg123();
+  // Held while this file decodes: the samples are kept, the decoder is not.
+  HeldLib<Mpg123Lib> lib;
+  const Mpg123Lib* m = lib.Get();
   if (m == nullptr) return nullptr;
   mpg123_handle* h = m->mpg123_new(nullptr, nullptr);
   if (h == nullptr) return nullptr;
@@ -102,6 +109,13 @@ std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
     ok = m->mpg123_getformat(h, &rate, &channels, &encoding) == MPG123_OK;
     clip->rate = rate;
     clip->channels = channels;
+    // Counted first, so that the samples take one block of their own size: grown by doubling,
+    // a clip would hold up to twice its size, and leave the smaller blocks it outgrew behind.
+    if (ok && m->mpg123_scan(h) == MPG123_OK) {
+      const off_t frames = m->mpg123_length(h);
+      if (frames > 0 && frames <= kMaxReservedFrames)
+        clip->samples.reserve(static_cast<size_t>(frames) * static_cast<size_t>(channels));
+    }
     unsigned char buf[16384];
     for (int err = MPG123_OK; ok && err != MPG123_DONE;) {
       size_t done = 0;
@@ -112,6 +126,7 @@ std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
       clip->samples.insert(clip->samples.end(), s, s + done / sizeof(int16_t));
     }
     m->mpg123_close(h);
+    if (clip->samples.capacity() > clip->samples.size() + clip->samples.size() / 8) clip->samples.shrink_to_fit();
   }
   m->mpg123_delete(h);
   if (!ok || clip->channels <= 0 || clip->rate <= 0 || clip->Frames() == 0) return nullptr;

@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <QLabel>
+#include <malloc.h>
+
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +16,9 @@
 int main(int argc, char* argv[]) {
   // Past a file-size limit a write fails with an error the game reports, instead of killing it.
   std::signal(SIGXFSZ, SIG_IGN);
+  // One heap for every thread: the sound thread and Qt's own allocate little, and a heap apiece
+  // would keep the little they free to themselves.
+  mallopt(M_ARENA_MAX, 1);
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion("1.14");

@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <mutex>
 #include <thread>
+#include <vector>
 
 #include "ui/Sound.h"
 #include "ui/UiTestSupport.h"
@@ -125,20 +126,33 @@ class TestSound : public QObject {
   uitest::FreshDir dir_;
 
  private slots:
-  // First, while nothing has played: the libraries come with the first sound, not with the program.
-  void theSoundLibrariesComeWithTheFirstSound() {
+  // First, while nothing has played: the libraries come with a sound and go when it is done.
+  void theSoundLibrariesAreHeldOnlyWhileASoundNeedsThem() {
     QVERIFY(!Mapped("libmpg123.so") && !Mapped("libasound.so"));
     Recorder rec;
     {
       Sound s(std::make_unique<RecordingOutput>(rec));
       Play(s, "ammopu3.mp3");
       QVERIFY(s.Loaded());
+      QVERIFY(!Mapped("libmpg123.so"));  // decoded: the samples are kept, the decoder is not
       QTRY_VERIFY_WITH_TIMEOUT(!s.Playing(), 5000);
+      QVERIFY(rec.frames.load() > 0);
     }
-    QVERIFY(Mapped("libmpg123.so"));
     QVERIFY(!Mapped("libasound.so"));  // the recording output needs no device
-    const auto alsa = swui::MakeAlsaOutput("skitterweb_no_such_device");
-    QVERIFY(Mapped("libasound.so"));
+    // ALSA's null device takes every sample: ALSA is loaded while it is open, and only then.
+    const auto alsa = swui::MakeAlsaOutput("null");
+    QVERIFY(!Mapped("libasound.so"));
+    for (int round = 0; round < 2; ++round) {
+      QVERIFY(alsa->Open(44100, 1));
+      QVERIFY(Mapped("libasound.so"));
+      const std::vector<int16_t> quiet(2048, 0);
+      QCOMPARE(alsa->Write(quiet.data(), 1024), 1024L);
+      alsa->Drop();
+      alsa->Close();
+      QVERIFY(!Mapped("libasound.so"));
+    }
+    QVERIFY(!swui::MakeAlsaOutput("skitterweb_no_such_device")->Open(44100, 1));
+    QVERIFY(!Mapped("libasound.so"));
   }
 
   void resolvesBesideTheProgramFirst() {
@@ -165,6 +179,10 @@ class TestSound : public QObject {
       QCOMPARE(clip->rate, h.rate);
       QCOMPARE(clip->channels, h.channels);
       QCOMPARE(clip->samples.size(), clip->Frames() * static_cast<size_t>(h.channels));
+      // Kept in a block of its own size, not one grown by doubling.
+      QVERIFY2(clip->samples.capacity() <= clip->samples.size() + clip->samples.size() / 8,
+               qPrintable(QString("%1: %2 samples in room for %3").arg(name).arg(clip->samples.size())
+                              .arg(clip->samples.capacity())));
       // Within three MP3 frames: the encoder's delay and padding are taken off.
       const long frames = static_cast<long>(clip->Frames());
       QVERIFY2(frames <= h.samples && frames > h.samples - 3 * 1152,
