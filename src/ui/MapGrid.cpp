@@ -2,7 +2,6 @@
 
 #include <QPaintEvent>
 #include <QPainter>
-#include <QSvgRenderer>
 #include <algorithm>
 
 #include "ui/Colors.h"
@@ -38,17 +37,6 @@ PictureSet::PictureSet() = default;
 
 PictureSet::~PictureSet() = default;
 
-QSvgRenderer* PictureSet::Renderer(sw::Picture pic) const {
-  // Each picture is read when first drawn: a start shows only a few of them.
-  auto it = renderers_.find(pic);
-  if (it == renderers_.end()) {
-    const char* file = PictureFile(pic);
-    if (file == nullptr) return nullptr;
-    it = renderers_.emplace(pic, std::make_unique<QSvgRenderer>(QString::fromLatin1(file))).first;
-  }
-  return it->second.get();
-}
-
 QImage PictureSet::Prerendered(sw::Picture pic, int device) {
   const char* file = PictureFile(pic);
   if (file == nullptr) return {};
@@ -59,13 +47,18 @@ QImage PictureSet::Prerendered(sw::Picture pic, int device) {
 }
 
 QImage PictureSet::FromSvg(sw::Picture pic, int device) const {
-  QSvgRenderer* r = Renderer(pic);
-  if (r == nullptr) {
-    QImage empty(device, device, QImage::Format_ARGB32_Premultiplied);
-    empty.fill(Qt::transparent);
-    return empty;
+  // Each size of a picture is drawn once (Pixmap keeps it): a start shows only a few of them.
+  const char* file = PictureFile(pic);
+  QImage image;
+  if (file != nullptr) {
+    ++svgReads_;
+    image = ReadPicture(QString::fromLatin1(file), device);
   }
-  return RenderPicture(*r, device);
+  if (image.isNull()) {
+    image = QImage(device, device, QImage::Format_ARGB32_Premultiplied);
+    image.fill(Qt::transparent);
+  }
+  return image;
 }
 
 QPixmap PictureSet::Pixmap(sw::Picture pic, int size, qreal dpr) const {

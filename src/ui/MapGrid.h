@@ -5,14 +5,11 @@
 #include <QHash>
 #include <QPixmap>
 #include <QWidget>
-#include <map>
-#include <memory>
 #include <vector>
 
 #include "game/MainWindow.h"
 
 class QPainter;
-class QSvgRenderer;
 
 namespace swui {
 
@@ -21,20 +18,19 @@ class PictureSet {
  public:
   PictureSet();
   ~PictureSet();
-  QSvgRenderer* Renderer(sw::Picture pic) const;
   // The picture drawn into a square of `size` logical pixels.
   QPixmap Pixmap(sw::Picture pic, int size, qreal dpr) const;
   // The picture `device` pixels square as drawn at build time; null at a size not drawn ahead.
   static QImage Prerendered(sw::Picture pic, int device);
   // The picture `device` pixels square drawn now from its SVG.
   QImage FromSvg(sw::Picture pic, int device) const;
-  // How many SVG files have been read so far.
-  int SvgReads() const { return static_cast<int>(renderers_.size()); }
+  // How many times an SVG file has been read so far.
+  int SvgReads() const { return svgReads_; }
   // What a cell shows, in words ("virus", "Whisk facing up", "" for an empty cell).
   static QString AccessibleText(sw::Picture pic);
 
  private:
-  mutable std::map<sw::Picture, std::unique_ptr<QSvgRenderer>> renderers_;
+  mutable int svgReads_ = 0;
   mutable QHash<quint64, QPixmap> cache_;
 };
 

@@ -30,6 +30,12 @@ inline bool WriteFile(const QString& name, const QByteArray& bytes) {
   return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
 }
 
+// Whether a shared library whose file name starts with `name` is mapped into this process.
+inline bool Mapped(const char* name) {
+  QFile maps("/proc/self/maps");
+  return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(QByteArray("/") + name);
+}
+
 struct Shown {
   QString title;
   QString text;

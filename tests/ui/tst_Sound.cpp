@@ -105,12 +105,6 @@ QByteArray Stderr(F body) {
   return file.readAll();
 }
 
-// Whether a shared library whose file name starts with `name` is mapped into this process.
-bool Mapped(const char* name) {
-  QFile maps("/proc/self/maps");
-  return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(QByteArray("/") + name);
-}
-
 void Play(Sound& s, const std::string& name) {
   for (const char* c : {"Stop", "Close"}) s.Command(c);
   s.SetFileName(std::string(".\\sounds\\") + name);
@@ -128,31 +122,31 @@ class TestSound : public QObject {
  private slots:
   // First, while nothing has played: the libraries come with a sound and go when it is done.
   void theSoundLibrariesAreHeldOnlyWhileASoundNeedsThem() {
-    QVERIFY(!Mapped("libmpg123.so") && !Mapped("libasound.so"));
+    QVERIFY(!uitest::Mapped("libmpg123.so") && !uitest::Mapped("libasound.so"));
     Recorder rec;
     {
       Sound s(std::make_unique<RecordingOutput>(rec));
       Play(s, "ammopu3.mp3");
       QVERIFY(s.Loaded());
-      QVERIFY(!Mapped("libmpg123.so"));  // decoded: the samples are kept, the decoder is not
+      QVERIFY(!uitest::Mapped("libmpg123.so"));  // decoded: the samples are kept, the decoder is not
       QTRY_VERIFY_WITH_TIMEOUT(!s.Playing(), 5000);
       QVERIFY(rec.frames.load() > 0);
     }
-    QVERIFY(!Mapped("libasound.so"));  // the recording output needs no device
+    QVERIFY(!uitest::Mapped("libasound.so"));  // the recording output needs no device
     // ALSA's null device takes every sample: ALSA is loaded while it is open, and only then.
     const auto alsa = swui::MakeAlsaOutput("null");
-    QVERIFY(!Mapped("libasound.so"));
+    QVERIFY(!uitest::Mapped("libasound.so"));
     for (int round = 0; round < 2; ++round) {
       QVERIFY(alsa->Open(44100, 1));
-      QVERIFY(Mapped("libasound.so"));
+      QVERIFY(uitest::Mapped("libasound.so"));
       const std::vector<int16_t> quiet(2048, 0);
       QCOMPARE(alsa->Write(quiet.data(), 1024), 1024L);
       alsa->Drop();
       alsa->Close();
-      QVERIFY(!Mapped("libasound.so"));
+      QVERIFY(!uitest::Mapped("libasound.so"));
     }
     QVERIFY(!swui::MakeAlsaOutput("skitterweb_no_such_device")->Open(44100, 1));
-    QVERIFY(!Mapped("libasound.so"));
+    QVERIFY(!uitest::Mapped("libasound.so"));
   }
 
   void resolvesBesideTheProgramFirst() {

@@ -113,6 +113,14 @@ class TestFrmMainLook : public QObject {
     (void)s.w.grab();
     QVERIFY(!s.w.grdMap->showGrid());
     QCOMPARE(s.w.grdMap->Pictures().SvgReads(), 0);
+    s.w.SetPointer(sw::Pointer::Custom);
+    QCOMPARE(s.w.cursor().pixmap().size(), QSize(32, 32));
+    QCOMPARE(swui::frmMain::AppIcon().availableSizes().size(), 4);
+    QVERIFY(!uitest::Mapped("libQt6Svg"));  // the pointer and the icon come from the tables too
+    // A size not drawn ahead is drawn from the SVG, which brings in Qt's SVG code only then.
+    (void)s.w.grdMap->Pictures().Pixmap(sw::Picture::Virus, 45, 1.0);
+    QCOMPARE(s.w.grdMap->Pictures().SvgReads(), 1);
+    QVERIFY(uitest::Mapped("libQt6Svg"));
   }
 
   // The game's style keeps the desktop's and puts off drawing the menu bar's arrow until the menus
@@ -139,6 +147,7 @@ class TestFrmMainLook : public QObject {
 int main(int argc, char** argv) {
   QApplication::setStyle(QStyleFactory::create("Fusion"));
   QApplication app(argc, argv);
+  QApplication::setStyle(new swui::GameStyle);  // as the game has it
   TestFrmMainLook t;
   return QTest::qExec(&t, argc, argv);
 }

@@ -57,13 +57,12 @@ int main(int argc, char* argv[]) {
     }
     for (int size : sizes) {
       for (int i = at; i < end; ++i) {
-        QSvgRenderer svg(QString::fromLocal8Bit(argv[i]));
-        if (!svg.isValid()) {
+        const QImage image = swui::ReadPicture(QString::fromLocal8Bit(argv[i]), size);
+        if (image.isNull()) {
           std::fprintf(stderr, "prerender: cannot read %s as SVG\n", argv[i]);
           return 1;
         }
         const std::string name = QFileInfo(QString::fromLocal8Bit(argv[i])).completeBaseName().toStdString();
-        const QImage image = swui::RenderPicture(svg, size);
         tables << "alignas(4) const unsigned char k" << n << "[] = {  // " << name << ", " << size << " px\n";
         const auto* bytes = image.constBits();
         const auto count = static_cast<size_t>(image.sizeInBytes());
