@@ -116,7 +116,7 @@ std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
       if (frames > 0 && frames <= kMaxReservedFrames)
         clip->samples.reserve(static_cast<size_t>(frames) * static_cast<size_t>(channels));
     }
-    unsigned char buf[16384];
+    unsigned char buf[4096];
     for (int err = MPG123_OK; ok && err != MPG123_DONE;) {
       size_t done = 0;
       err = m->mpg123_read(h, buf, sizeof buf, &done);

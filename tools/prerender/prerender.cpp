@@ -45,7 +45,7 @@ int main(int argc, char* argv[]) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QGuiApplication app(argc, argv);
   std::ostringstream tables, index;
-  int n = 0;
+  size_t offset = 0;
   for (int at = 2; at < argc;) {
     std::vector<int> sizes;
     if (!ParseSizes(argv[at++], sizes)) return 2;
@@ -63,25 +63,28 @@ int main(int argc, char* argv[]) {
           return 1;
         }
         const std::string name = QFileInfo(QString::fromLocal8Bit(argv[i])).completeBaseName().toStdString();
-        tables << "alignas(4) const unsigned char k" << n << "[] = {  // " << name << ", " << size << " px\n";
+        tables << "    // " << name << ", " << size << " px\n";
         const auto* bytes = image.constBits();
         const auto count = static_cast<size_t>(image.sizeInBytes());
         for (size_t b = 0; b < count; ++b) tables << int(bytes[b]) << (b % 32 == 31 ? ",\n" : ",");
-        tables << "};\n";
-        index << "    {\"" << name << "\", " << size << ", k" << n << "},\n";
-        ++n;
+        tables << "\n";
+        index << "    {\"" << name << "\", " << size << ", " << offset << "},\n";
+        offset += count;
       }
     }
     at = end + 1;
   }
   std::ofstream out(argv[1], std::ios::trunc);
   out << "// Made by tools/prerender from the pictures at build time; not to be edited.\n"
-      << "#include <cstring>\n\n#include \"ui/Prerendered.h\"\n\nnamespace swui {\n\nnamespace {\n\n"
-      << tables.str() << "\nstruct Entry {\n  const char* name;\n  int device;\n  const unsigned char* pixels;\n};\n\n"
+      << "#include <cstddef>\n#include <cstring>\n\n#include \"ui/Prerendered.h\"\n\nnamespace swui {\n\nnamespace {\n\n"
+      << "// One table in a section of its own, in the order the tool was given: apart from the\n"
+      << "// program's other constants, so that reading those never reads pictures along with them.\n"
+      << "__attribute__((section(\"skitterweb_pictures\"))) alignas(4) const unsigned char kPixels[] = {\n"
+      << tables.str() << "};\n\nstruct Entry {\n  const char* name;\n  int device;\n  size_t offset;\n};\n\n"
       << "const Entry kEntries[] = {\n" << index.str() << "};\n\n}  // namespace\n\n"
       << "const unsigned char* PrerenderedPixels(const char* name, int device) {\n"
       << "  for (const Entry& e : kEntries)\n"
-      << "    if (e.device == device && std::strcmp(e.name, name) == 0) return e.pixels;\n"
+      << "    if (e.device == device && std::strcmp(e.name, name) == 0) return kPixels + e.offset;\n"
       << "  return nullptr;\n}\n\n}  // namespace swui\n";
   out.close();
   if (!out) {
