@@ -8,9 +8,9 @@
 #include <array>
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <map>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "game/MainWindow.h"
