@@ -1,0 +1,103 @@
+#!/usr/bin/env bash
+# An X server of the caller's own, for every test and script that runs the whole program.
+#
+#   . tests/support/xvfb.sh                       sourced: the functions below
+#   tests/support/xvfb.sh [--wm] COMMAND [ARGS]   runs COMMAND on a fresh server (and window manager)
+#
+# Xvfb picks a free display number itself (-displayfd), so any number of these run side by side.
+# Everything started here is ended, last first, when the calling shell exits; x_on_exit adds
+# the caller's own clean-up to that list.
+#
+#   x_server [--wm]             starts Xvfb (and openbox) and exports DISPLAY
+#   x_start DIR COMMAND...      runs COMMAND in DIR (output to DIR/game.log), sets game_pid,
+#                               and returns once the main window is on screen
+#   x_window [NAME]             the id of the visible window named NAME (default: the main window)
+#   x_boxes                     names of the visible windows other than the main window
+#   x_wait_boxes [TRIES]        waits until some box is on screen
+#   x_press KEY...              presses keys, as a player would, after a short pause
+#   x_ended PID [TENTHS]        waits for PID to end; true when it has
+#   x_screenshot FILE           the whole screen as a PNG
+#   x_fail MESSAGE              prints MESSAGE and the game's output, and exits 1
+
+_x_exit_steps=()
+x_on_exit() { _x_exit_steps+=("$*"); }
+_x_run_exit_steps() {
+  local i
+  for ((i = ${#_x_exit_steps[@]} - 1; i >= 0; i--)); do eval "${_x_exit_steps[i]}" >/dev/null 2>&1 || true; done
+}
+trap _x_run_exit_steps EXIT
+
+x_fail() {
+  echo "FAIL: $*" >&2
+  [ -n "${x_game_dir:-}" ] && [ -s "$x_game_dir/game.log" ] && tail -n 20 "$x_game_dir/game.log" >&2
+  exit 1
+}
+
+x_server() {
+  local dir pid n=""
+  dir=$(mktemp -d)
+  mkfifo "$dir/display"
+  Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$dir/display" >"$dir/xvfb.log" 2>&1 &
+  pid=$!
+  x_on_exit "kill $pid; wait $pid; rm -rf '$dir'"
+  # The server writes its display number once it takes connections.
+  read -r -t 20 n <"$dir/display" || true
+  [ -n "$n" ] || { cat "$dir/xvfb.log" >&2; x_fail "Xvfb did not start"; }
+  export DISPLAY=":$n" QT_QPA_PLATFORM=xcb
+  if [ "${1:-}" = "--wm" ]; then
+    openbox --sm-disable >/dev/null 2>&1 &
+    x_on_exit "kill $!"
+    # The window manager is up once it has claimed the screen.
+    for _ in $(seq 100); do
+      xprop -root _NET_SUPPORTING_WM_CHECK 2>/dev/null | grep -q 'window id' && return 0
+      sleep 0.1
+    done
+    x_fail "the window manager did not start"
+  fi
+}
+
+x_window() {
+  xdotool search --onlyvisible --name "^${1:-Skitterweb}\$" 2>/dev/null | head -n 1
+}
+
+x_start() {
+  x_game_dir=$1
+  shift
+  (cd "$x_game_dir" && exec "$@" >>"$x_game_dir/game.log" 2>&1) &
+  game_pid=$!
+  x_on_exit "kill -9 $game_pid"
+  for _ in $(seq 200); do
+    [ -n "$(x_window)" ] && return 0
+    kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
+    sleep 0.05
+  done
+  x_fail "the main window did not come up"
+}
+
+x_boxes() { xdotool search --onlyvisible --name '.' getwindowname %@ 2>/dev/null | grep -vx 'Skitterweb' || true; }
+
+x_wait_boxes() {
+  for _ in $(seq "${1:-30}"); do
+    [ -n "$(x_boxes)" ] && return 0
+    sleep 0.1
+  done
+  return 1
+}
+
+x_press() { sleep 0.15; xdotool key --clearmodifiers "$@"; }
+
+x_ended() {
+  for _ in $(seq "${2:-50}"); do
+    kill -0 "$1" 2>/dev/null || return 0
+    sleep 0.1
+  done
+  return 1
+}
+
+x_screenshot() { import -window root "$1"; }
+
+if [ "${BASH_SOURCE[0]}" = "$0" ]; then
+  set -euo pipefail
+  if [ "${1:-}" = "--wm" ]; then shift; x_server --wm; else x_server; fi
+  "$@"
+fi
