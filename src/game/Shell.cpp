@@ -12,16 +12,25 @@ namespace sw {
 Shell::Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain)
     : game(game), opts(opts), dbg(dbg), frmMain(frmMain) {}
 
+Shell::Pause::Pause(Shell& shell) : shell_(shell) {
+  ++shell_.pauses_;
+  shell_.game.gbSleepOn = -1;
+}
+
+Shell::Pause::~Pause() {
+  if (--shell_.pauses_ == 0) shell_.game.gbSleepOn = 0;
+}
+
 void Shell::SleepTurn(int32_t ms) {
-  // The window events let in here may start another pause (a sound's): the
-  // flag stays set until the outermost pause ends, so no turn starts meanwhile.
-  const int16_t bOuter = game.gbSleepOn;
-  game.gbSleepOn = -1;
-  frmMain.SetPointer(Pointer::Hourglass);
-  frmMain.Sleep(ms);
-  frmMain.SetPointer(Pointer::Custom);
-  frmMain.DoEvents();
-  game.gbSleepOn = bOuter;
+  {
+    // The window events let in here may start another pause (a sound's): no
+    // turn starts until the last of them ends.
+    const Pause pause(*this);
+    frmMain.SetPointer(Pointer::Hourglass);
+    frmMain.Sleep(ms);
+    frmMain.SetPointer(Pointer::Custom);
+    frmMain.DoEvents();
+  }
   if (dbg.On()) dbg.DebugWrite(Trace("SleepTurn").In("nMilliseconds", ms));
 }
 

@@ -18,8 +18,22 @@ class Shell {
 
   int16_t gnMsgReturn = 0;  // the answer of the last message box: 1 OK, 2 Cancel, 6 Yes, 7 No
 
-  // Hourglass, sleep ms, custom pointer, pending window events. gbSleepOn is
-  // set meanwhile, and stays set until the outermost of nested pauses ends.
+  // A timed pause, or any stretch that must be kept like one: while one lives,
+  // gbSleepOn is set, so key presses are dropped and the guarded commands
+  // refused. It stays set until the last of the pauses that overlap ends,
+  // whatever order they end in.
+  class Pause {
+   public:
+    explicit Pause(Shell& shell);
+    ~Pause();
+    Pause(const Pause&) = delete;
+    Pause& operator=(const Pause&) = delete;
+
+   private:
+    Shell& shell_;
+  };
+
+  // Hourglass, sleep ms, custom pointer, pending window events, all inside a Pause.
   void SleepTurn(int32_t ms);
   // A command that may not run while a pause runs or Wait is in force: true
   // (after the refusal sound) when it must not run now.
@@ -40,6 +54,7 @@ class Shell {
   Options& opts;
   DebugLog& dbg;
   IMainWindow& frmMain;
+  int pauses_ = 0;  // the Pauses alive
 };
 
 }  // namespace sw

@@ -20,15 +20,18 @@ void OnSignal(int) {
 
 }  // namespace
 
+void CatchEndSignals() {
+  if (g_wake[0] >= 0 || ::pipe2(g_wake, O_CLOEXEC | O_NONBLOCK) != 0) return;
+  struct sigaction sa {};
+  sa.sa_handler = OnSignal;
+  sigemptyset(&sa.sa_mask);
+  sa.sa_flags = SA_RESTART;
+  for (int sig : {SIGTERM, SIGINT, SIGHUP}) sigaction(sig, &sa, nullptr);
+}
+
 void EndOnSignals(QObject* owner, std::function<void()> action) {
-  if (g_wake[0] < 0) {
-    if (::pipe2(g_wake, O_CLOEXEC | O_NONBLOCK) != 0) return;
-    struct sigaction sa {};
-    sa.sa_handler = OnSignal;
-    sigemptyset(&sa.sa_mask);
-    sa.sa_flags = SA_RESTART;
-    for (int sig : {SIGTERM, SIGINT, SIGHUP}) sigaction(sig, &sa, nullptr);
-  }
+  CatchEndSignals();
+  if (g_wake[0] < 0) return;
   auto* notifier = new QSocketNotifier(g_wake[0], QSocketNotifier::Read, owner);
   QObject::connect(notifier, &QSocketNotifier::activated, notifier, [notifier, action = std::move(action)] {
     char buf[16];

@@ -8,8 +8,13 @@ class QObject;
 
 namespace swui {
 
-// Installs the handlers; `action` runs on the main thread after a signal
-// arrives, for as long as `owner` lives.
+// Installs the handlers. Called first thing, so that a signal that comes
+// before anybody listens is kept until the first event loop turns.
+void CatchEndSignals();
+
+// `action` runs on the main thread once a signal has come, in whichever event
+// loop turns first, for as long as `owner` lives (installs the handlers if
+// CatchEndSignals has not).
 void EndOnSignals(QObject* owner, std::function<void()> action);
 
 }  // namespace swui

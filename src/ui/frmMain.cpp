@@ -117,11 +117,7 @@ bool frmMain::event(QEvent* e) {
   if (e->type() == QEvent::Paint && firstFrameDue_) {
     firstFrameDue_ = false;
     // The start sound, and its pause, follow the first frame.
-    QTimer::singleShot(0, this, [this] {
-      auto steps = std::move(afterFirstFrame_);
-      afterFirstFrame_.clear();
-      for (auto& step : steps) step();
-    });
+    QTimer::singleShot(0, this, &frmMain::RunStartSteps);
   }
   return handled;
 }
@@ -308,9 +304,7 @@ QWidget* frmMain::DialogParent() {
     // A box at start: the window (with its icon) comes first, and what waited for it happens now.
     QApplication::setWindowIcon(AppIcon());
     show();
-    auto steps = std::move(afterFirstFrame_);
-    afterFirstFrame_.clear();
-    for (auto& step : steps) step();
+    RunStartSteps();
   }
   // A box or dialog opened from a dialog stands over that dialog.
   QWidget* modal = QApplication::activeModalWidget();

@@ -41,6 +41,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   // The program's start: the options and the first game are set up before the
   // window is shown, so that its first frame is the whole board, painted once.
   // A box at start shows the window first; the start sound's pause follows the first frame.
+  // From the first frame until the start's last step has run, the start is one pause:
+  // no key runs a turn inside it.
   void Start();
   // The program's icon, drawn from its picture.
   static QIcon AppIcon();
@@ -140,6 +142,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   bool firstFrameDue_ = false;
   // What the start-up asked of the sound device and the pause, done in order once the first frame is up.
   std::vector<std::function<void()>> afterFirstFrame_;
+  // Runs those steps, inside a pause, and ends the start's own pause.
+  void RunStartSteps();
+  std::optional<sw::Shell::Pause> startPause_;
   void ReturnFocus();
   QLabel* MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip, bool tile = false);
   // Colours that follow the desktop's palette: muted captions and power-ups.

@@ -62,9 +62,23 @@ void frmMain::Start() {
     afterFirstFrame_.insert(afterFirstFrame_.begin(), [] { QApplication::setWindowIcon(AppIcon()); });
   // So can the pointer: it is drawn from its picture.
   afterFirstFrame_.insert(afterFirstFrame_.begin(), [this] { SetPointer(pointer_); });
-  firstFrameDue_ = true;
-  show();
+  startPause_.emplace(sw.shell);
+  if (isVisible()) {
+    // A box at start has shown the window already: no first frame to wait for.
+    QTimer::singleShot(0, this, &frmMain::RunStartSteps);
+  } else {
+    firstFrameDue_ = true;
+    show();
+  }
   setFocus();
+}
+
+void frmMain::RunStartSteps() {
+  const sw::Shell::Pause pause(sw.shell);
+  auto steps = std::move(afterFirstFrame_);
+  afterFirstFrame_.clear();
+  for (auto& step : steps) step();
+  startPause_.reset();
 }
 
 QIcon frmMain::AppIcon() {

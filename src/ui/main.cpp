@@ -1,5 +1,7 @@
 #include <QApplication>
 #include <QLabel>
+#include <QThread>
+#include <QTimer>
 #include <malloc.h>
 
 #include <csignal>
@@ -14,6 +16,8 @@
 #include "ui/frmMain.h"
 
 int main(int argc, char* argv[]) {
+  // A logout, Ctrl+C or a closed terminal ends the game cleanly, even during its start.
+  swui::CatchEndSignals();
   // Past a file-size limit a write fails with an error the game reports, instead of killing it.
   std::signal(SIGXFSZ, SIG_IGN);
   // One heap for every thread: the sound thread and Qt's own allocate little, and a heap apiece
@@ -27,10 +31,21 @@ int main(int argc, char* argv[]) {
   QApplication::setStyle(new swui::GameStyle);
   swui::InstallHelpKey(app);
   swui::frmMain frmMain;
-  swui::EndOnSignals(&frmMain, [&frmMain] { frmMain.sw.menu.EndSession(); });
+  bool inMainLoop = false;
+  swui::EndOnSignals(&frmMain, [&frmMain, &inMainLoop] {
+    frmMain.sw.menu.EndSession();  // the options saved, the debug log closed, the main loop asked to end
+    // A box, a dialog or a pause runs a loop of its own, and so does the start before the main
+    // loop runs: the main loop's end, asked from there, would come too late or not at all. The
+    // program ends here instead, its files saved and closed.
+    if (!inMainLoop || QThread::currentThread()->loopLevel() > 1) {
+      std::fflush(nullptr);
+      std::_Exit(0);
+    }
+  });
   swui::FirstFrame::Watch(frmMain);
   frmMain.Start();
   swui::StartBenchMoves(frmMain);
+  QTimer::singleShot(0, &frmMain, [&inMainLoop] { inMainLoop = true; });
   const int status = app.exec();
   // A probe for the whole-program tests: the information bar as the player last saw it.
   if (const char* path = std::getenv("SKITTERWEB_LABELS_AT_EXIT")) {

@@ -84,55 +84,6 @@ TEST(MenuTest, StartingSiteIsKeptForTheNextGameWhenTheCurrentOneIsKept) {
   EXPECT_EQ(b.g.gnGameNum, 3);
 }
 
-TEST(MenuTest, GuardedCommandsAreRefusedDuringAPauseOrAWait) {
-  for (const bool bWait : {true, false}) {
-    Board b;
-    b.sw.opts.Current().bSound = -1;
-    MainMenu& m = b.sw.menu;
-    (bWait ? b.g.gbWaitOn : b.g.gbSleepOn) = -1;
-    const std::function<void()> guarded[] = {
-        [&] { m.menNewGame_Click(); },          [&] { m.menQuit_Click(); },
-        [&] { m.menDiffLevel_Click(3); },       [&] { m.menStartSiteNum_Click(5); },
-        [&] { m.lblDiff_MouseDown(2); },        [&] { m.Form_Unload(); },
-    };
-    for (const auto& command : guarded) {
-      b.w.sounds.clear();
-      EXPECT_TRUE(Answered(b, {6, 6}, command).empty());
-      EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
-    }
-    EXPECT_EQ(std::vector<int>({b.g.gnGameNum, b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
-              std::vector<int>({1, 2, 0, 0}));
-    // Keys are dropped too.
-    const CoordPair at = b.g.gctPlayerPos;
-    b.g.gbEndSite = 0;
-    b.Key(at.nCol > 0 ? '4' : '6');
-    EXPECT_EQ(b.g.gctPlayerPos, at);
-  }
-}
-
-TEST(MenuTest, APauseInsideAPauseKeepsTurnsOutUntilTheOutermostEnds) {
-  Board b;
-  b.sw.opts.Current().bSound = -1;
-  b.Set(At(5, 5), {At(20, 5), At(20, 9)});
-  int inner = 0;
-  b.w.onEvents = [&] {
-    // During the wait's first pause: a refused command (its sound pauses too), then a move key.
-    b.sw.menu.menNewGame_Click();
-    EXPECT_EQ(b.g.gbSleepOn, -1);
-    const int16_t moves = b.g.gnMoveCount;
-    b.Key('8');
-    EXPECT_EQ(b.g.gnMoveCount, moves);
-    ++inner;
-  };
-  b.Key('0');
-  EXPECT_EQ(inner, 1);
-  EXPECT_EQ(b.g.gbSleepOn, 0);
-  // One loop ran: the mouse never moved, and the wait went on until the site ended.
-  EXPECT_TRUE(b.w.messages.size() >= 1);
-  EXPECT_EQ(b.g.gbWaitOn, 0);
-  EXPECT_EQ(b.g.gnMoveCount, 0);
-}
-
 TEST(MenuTest, GridSoundAndTheStartUpPass) {
   TempDir dir;
   Board b;

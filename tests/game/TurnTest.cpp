@@ -92,13 +92,9 @@ TEST(CommandsTest, EachKeyAndWhatItCosts) {
   }
 }
 
-TEST(CommandsTest, SleepingAndDoubleBoundKeys) {
+TEST(CommandsTest, DoubleBoundKeys) {
   Board b;
   b.Set(At(5, 5), {kFar});
-  b.sw.game.gbSleepOn = -1;  // nothing at all during a timed pause
-  b.Key('8');
-  EXPECT_EQ(b.g.gctPlayerPos, At(5, 5));
-  b.sw.game.gbSleepOn = 0;
   // A key bound to two commands runs the earlier one in profile order; Link before the dedicated line.
   ControlProfile& cp = b.sw.opts.Current().cpProfile[1];
   cp.CPMoveLeft = cp.CPMoveUp = 'x';

@@ -10,7 +10,7 @@
 #
 #   x_server [--wm]             starts Xvfb (and openbox) and exports DISPLAY
 #   x_start DIR COMMAND...      runs COMMAND in DIR (output to DIR/game.log), sets game_pid,
-#                               and returns once the main window is on screen
+#                               and returns once the main window is on screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_boxes [TRIES]        waits until some box is on screen
@@ -57,7 +57,7 @@ x_server() {
 }
 
 x_window() {
-  xdotool search --onlyvisible --name "^${1:-Skitterweb}\$" 2>/dev/null | head -n 1
+  { xdotool search --onlyvisible --name "^${1:-Skitterweb}\$" 2>/dev/null || true; } | head -n 1
 }
 
 x_start() {
@@ -66,8 +66,11 @@ x_start() {
   (cd "$x_game_dir" && exec "$@" >>"$x_game_dir/game.log" 2>&1) &
   game_pid=$!
   x_on_exit "kill -9 $game_pid"
+  local id
   for _ in $(seq 200); do
-    [ -n "$(x_window)" ] && return 0
+    id=$(x_window)
+    # With no window manager, keys go where the input focus is set: on the game, as a player's would.
+    [ -n "$id" ] && { xdotool windowfocus "$id" 2>/dev/null || true; return 0; }
     kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
     sleep 0.05
   done

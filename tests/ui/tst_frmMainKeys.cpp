@@ -1,6 +1,7 @@
 // The main window's keyboard: no turn inside a turn while a pause runs, the
 // number pad with Num Lock off, and Caps Lock.
 #include <QAction>
+#include <QKeyEvent>
 #include <QTest>
 #include <QTimer>
 
@@ -87,6 +88,51 @@ class TestFrmMainKeys : public QObject {
     QCOMPARE(int{w.sw.game.gnMoveCount}, moves);
     QCOMPARE(w.sw.game.gbSleepOn, int16_t{0});
     QCOMPARE(w.sw.game.gbWaitOn, int16_t{0});
+  }
+
+  // The start is one pause until its last step has run: keys that come before
+  // its first frame is up, and during the start sound's pause after it, run no
+  // turn, with or without a notice at the start. Once it is over, keys play.
+  void keysDuringTheStartRunNoTurn_data() {
+    QTest::addColumn<bool>("notice");
+    QTest::newRow("quiet start") << false;
+    QTest::newRow("lists notice") << true;
+  }
+  void keysDuringTheStartRunNoTurn() {
+    QFETCH(bool, notice);
+    s_.reset();
+    uitest::FreshDir dir;
+    uitest::ScriptedBoxes boxes;
+    QVERIFY(uitest::WriteFile(sw::Options::kFileName, "\"Version\",\"1.14\"\r\n\"LastOption\",\" 0\"\r\n\"Sound\",-1\r\n"));
+    frmMain w;
+    if (!notice) w.sw.hs.WriteHighScores();
+    // A key every millisecond while the start runs, until its pause has come and gone.
+    int keysInPause = 0;
+    bool paused = false;
+    QTimer typist;
+    connect(&typist, &QTimer::timeout, [&] {
+      if (w.CurrentPointer() == sw::Pointer::Hourglass) {
+        paused = true;
+        ++keysInPause;
+      } else if (paused) {
+        typist.stop();
+        return;
+      }
+      QTest::keyClick(&w, '8');
+    });
+    typist.start(1);
+    w.Start();
+    // Before the first frame (a notice at the start has shown the window already).
+    if (!notice) QCoreApplication::postEvent(&w, new QKeyEvent(QEvent::KeyPress, Qt::Key_8, Qt::NoModifier, "8"));
+    QTRY_VERIFY(!typist.isActive());
+    QTRY_COMPARE(w.sw.game.gbSleepOn, int16_t{0});
+    QVERIFY(keysInPause > 0);
+    QCOMPARE(boxes.shown.size(), size_t{notice ? 1u : 0u});
+    QCOMPARE(w.sw.game.gnMoveCount, int16_t{0});
+    const sw::CoordPair at = w.sw.game.gctPlayerPos;
+    w.sw.game.gnVirusLive = 0;  // nothing can answer the move now
+    QTest::keyClick(&w, at.nRow > 0 ? '8' : '2');
+    QCOMPARE(w.sw.game.gnMoveCount, int16_t{1});
   }
 
   // Closing the window while a pause runs is refused like the guarded commands.

@@ -1,0 +1,108 @@
+// One turn never runs inside another: whoever starts a timed pause, key presses
+// are dropped and the guarded commands refused until the last pause ends.
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <memory>
+
+#include "game/Board.h"
+#include "support/TempDir.h"
+
+namespace sw::test {
+
+TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
+  struct Case {
+    const char* name;
+    int16_t nDiff;
+    std::function<void(Board&)> start;
+  };
+  const Case cases[] = {
+      {"a move on nightmare", 4, [](Board& b) { b.Key('8'); }},
+      {"a wait", 2, [](Board& b) { b.Key('0'); }},
+      {"a link on hard", 3, [](Board& b) { b.Key('+'); }},
+      {"a death", 2, [](Board& b) { b.Key('6'); }},  // onto the virus next door: a box with a sound
+      {"a site's end", 2,
+       [](Board& b) {  // the last two viruses crash: bonus boxes and the site's box, each with a sound
+         b.Set(At(5, 5), {At(7, 4), At(7, 5)});
+         b.Key('4');
+       }},
+      {"a new game", 2, [](Board& b) { b.eng.StartGame(); }},  // its start sound
+      {"a message box", 2, [](Board& b) { b.sw.shell.ShowMsg("Note", 0, "Note", "powerup2.mp3"); }},
+      {"the goodbye", 2,
+       [](Board& b) {
+         b.g.gbGameOn = 0;  // nothing to ask
+         b.sw.menu.menQuit_Click();
+       }},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.name);
+    TempDir dir;
+    Board b(c.nDiff);
+    b.sw.opts.Current().bSound = -1;
+    b.Set(At(5, 5), {At(7, 5), At(20, 12)});
+    int inside = 0;
+    b.w.onEvents = [&] {
+      ++inside;
+      EXPECT_EQ(b.g.gbSleepOn, -1);
+      const CoordPair at = b.g.gctPlayerPos;
+      const int16_t moves = b.g.gnMoveCount, games = b.g.gnGameNum;
+      const size_t boxes = b.w.messages.size();
+      b.Key('8');
+      b.w.sounds.clear();
+      b.sw.menu.menNewGame_Click();  // refused; its sound is a pause inside this one
+      EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
+      EXPECT_EQ(b.g.gbSleepOn, -1);
+      b.Key('2');
+      EXPECT_EQ(b.g.gctPlayerPos, at);
+      EXPECT_EQ(std::vector<int>({b.g.gnMoveCount, b.g.gnGameNum, int(b.w.messages.size())}),
+                std::vector<int>({moves, games, int(boxes)}));
+    };
+    c.start(b);
+    EXPECT_EQ(inside, 1);
+    EXPECT_EQ(b.g.gbSleepOn, 0);
+    if (b.w.ended) continue;
+    // Once the pauses are over, a key plays.
+    b.Set(At(5, 5), {At(20, 12)});
+    b.Key('8');
+    EXPECT_EQ(b.g.gctPlayerPos, At(5, 4));
+  }
+}
+
+TEST(PauseTest, PausesThatOverlapHoldUntilTheLastEndsWhateverTheOrder) {
+  // The start is one pause until its last step has run, and that step may end inside a sound's pause.
+  Board b;
+  auto start = std::make_unique<Shell::Pause>(b.sw.shell);
+  EXPECT_EQ(b.g.gbSleepOn, -1);
+  b.w.onEvents = [&] {
+    start.reset();
+    EXPECT_EQ(b.g.gbSleepOn, -1);
+  };
+  b.sw.shell.SleepTurn(60);
+  EXPECT_EQ(b.g.gbSleepOn, 0);
+  b.Set(At(5, 5), {At(20, 12)});
+  b.Key('2');
+  EXPECT_EQ(b.g.gctPlayerPos, At(5, 6));
+}
+
+TEST(PauseTest, AWaitRefusesTheGuardedCommands) {
+  Board b;
+  b.sw.opts.Current().bSound = -1;
+  MainMenu& m = b.sw.menu;
+  b.g.gbWaitOn = -1;
+  const std::function<void()> guarded[] = {
+      [&] { m.menNewGame_Click(); },    [&] { m.menQuit_Click(); },          [&] { m.menHighScores_Click(); },
+      [&] { m.menDiffLevel_Click(3); }, [&] { m.menStartSiteNum_Click(5); }, [&] { m.lblDiff_MouseDown(2); },
+      [&] { m.Form_Unload(); },
+  };
+  for (const auto& command : guarded) {
+    b.w.sounds.clear();
+    command();
+    EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
+  }
+  EXPECT_TRUE(b.w.messages.empty());
+  EXPECT_TRUE(b.w.dialogs.empty());
+  EXPECT_EQ(std::vector<int>({b.g.gnGameNum, b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
+            std::vector<int>({1, 2, 0, 0}));
+}
+
+}  // namespace sw::test
