@@ -9,8 +9,8 @@
 # the caller's own clean-up to that list.
 #
 #   x_server [--wm]             starts Xvfb (and openbox) and exports DISPLAY
-#   x_start DIR COMMAND...      runs COMMAND in DIR (output to DIR/game.log), sets game_pid,
-#                               and returns once the main window is on screen, with the input focus
+#   x_start DIR COMMAND...      runs COMMAND in DIR (output to $x_log, default DIR/game.log), sets
+#                               game_pid, and returns once the main window is on screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_boxes [TRIES]        waits until some box is on screen
@@ -29,7 +29,7 @@ trap _x_run_exit_steps EXIT
 
 x_fail() {
   echo "FAIL: $*" >&2
-  [ -n "${x_game_dir:-}" ] && [ -s "$x_game_dir/game.log" ] && tail -n 20 "$x_game_dir/game.log" >&2
+  [ -n "${x_game_log:-}" ] && [ -s "$x_game_log" ] && tail -n 20 "$x_game_log" >&2
   exit 1
 }
 
@@ -61,9 +61,8 @@ x_window() {
 }
 
 x_start() {
-  x_game_dir=$1
-  shift
-  (cd "$x_game_dir" && exec "$@" >>"$x_game_dir/game.log" 2>&1) &
+  x_game_log=${x_log:-$1/game.log}
+  (cd "$1" && shift && exec "$@" >>"$x_game_log" 2>&1) &
   game_pid=$!
   x_on_exit "kill -9 $game_pid"
   local id
