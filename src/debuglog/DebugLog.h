@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "Version.h"
 #include "runtime/Value.h"
 
 namespace sw {
@@ -73,7 +74,7 @@ inline TraceRecord Trace(std::string proc) {
 class DebugLog {
  public:
   static constexpr const char* kFileName = "SWDebug.log";
-  static constexpr const char* kVersion = "1.14";
+  static constexpr const char* kVersion = SKITTERWEB_VERSION;
 
   DebugLog(Options& opts, GameState& game);
   ~DebugLog();

@@ -4,9 +4,9 @@
 # folder, on an Xvfb display of its own. The main window comes up; the game
 # runs, as the launcher's own process, in the game folder it made; Game > Quit
 # (its questions answered Yes) ends it, leaving sw.opt in the game folder.
-#   install_start_quit.sh BUILD-DIR
+#   install_start_quit.sh BUILD-DIR BINDIR PROGRAM-DIR DATA-DIR   (the last three relative to the prefix)
 set -euo pipefail
-build=$1
+build=$1 bindir=$2 programdir=$3
 . "$(dirname "$0")/common.sh"
 cleanup_more() {
   [ -n "${game_pid:-}" ] && kill -9 "$game_pid" 2>/dev/null || true
@@ -33,7 +33,7 @@ press() { sleep 0.15; xdotool key --clearmodifiers "$@"; }
 answer_boxes() { for _ in $(seq 20); do [ -n "$(boxes)" ] || return 0; press Return; sleep 0.3; done; }
 
 (cd "$work/elsewhere" && exec env -u XDG_DATA_HOME HOME="$work/home" QT_QPA_PLATFORM=xcb \
-   "$prefix/bin/skitterweb" >"$work/game.log" 2>&1) &
+   "$prefix/$bindir/skitterweb" >"$work/game.log" 2>&1) &
 game_pid=$!
 window=""
 for _ in $(seq 150); do
@@ -44,7 +44,7 @@ done
 
 # ---- the window is the launcher's own process, running the installed program in the game folder.
 [ "$(xdotool getwindowpid "$window")" = "$game_pid" ] || fail "the window is not the launcher's process (no exec)"
-[ "$(readlink "/proc/$game_pid/exe")" = "$(readlink -f "$prefix/libexec/skitterweb/skitterweb")" ] ||
+[ "$(readlink "/proc/$game_pid/exe")" = "$(readlink -f "$prefix/$programdir/skitterweb")" ] ||
   fail "the process runs $(readlink "/proc/$game_pid/exe"), not the installed program"
 [ -d "$game" ] || fail "no game folder $game"
 [ "$(readlink "/proc/$game_pid/cwd")" = "$(cd "$game" && pwd -P)" ] ||
