@@ -1,13 +1,14 @@
 #!/usr/bin/env bash
-# The Debian package on this system, as a player meets it: installed with apt from the file, its files
-# exactly those of tests/package/installed-files.txt, the installed game started under Xvfb with a
-# fresh HOME (XDG_DATA_HOME unset) up to its first frame, its game folder made in ~/.local/share with
-# the sounds linked there, ended by SIGTERM (status 0, its options saved), then purged: no file of the
-# package is left, and no folder of its own.
-#   tests/package/check.sh PACKAGE.deb
+# The Debian package on this system, as a player meets it: installed with apt from the file; its files
+# exactly those cmake --install put in place when it was built (INSTALL-MANIFEST, the manual page
+# compressed) and Debian's copyright, changelog and doc-base entry; the installed game started under
+# Xvfb with a fresh HOME (XDG_DATA_HOME unset) up to its first frame, its game folder made in
+# ~/.local/share with the sounds linked there, ended by SIGTERM (status 0, its options saved); then
+# purged: no file of the package is left, and no folder of its own.
+#   tests/package/check.sh PACKAGE.deb INSTALL-MANIFEST
 # Installs and removes system-wide: needs root or sudo, and a system where skitterweb is not installed.
 set -euo pipefail
-deb=$(readlink -f "$1")
+deb=$(readlink -f "$1") manifest=$2
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/../support/xvfb.sh"
 fail() { x_fail "$@"; }
@@ -18,11 +19,9 @@ if [ "$(id -u)" != 0 ]; then
   sudo=sudo
 fi
 apt() { $sudo env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 -y -q "$@"; }
-state() { dpkg-query -W -f='${db:Status-Status}' skitterweb 2>/dev/null || true; }
-case "$(state)" in
-  "" | not-installed) ;;
-  *) fail "skitterweb is on this system already ($(state)): the check installs and purges it; remove it first" ;;
-esac
+state() { local s; s=$(dpkg-query -W -f='${db:Status-Status}' skitterweb 2>/dev/null) || true; echo "${s:-not-installed}"; }
+[ "$(state)" = not-installed ] ||
+  fail "skitterweb is on this system already ($(state)): the check installs and purges it; remove it first"
 
 work=$(mktemp -d)
 x_on_exit "rm -rf '$work'"
@@ -33,12 +32,14 @@ apt install "$deb" >"$work/install.log" 2>&1 || { cat "$work/install.log" >&2; f
 purge_if_installed() { [ "$(state)" = not-installed ] || apt purge skitterweb; }
 x_on_exit purge_if_installed
 [ "$(state)" = installed ] || fail "skitterweb is $(state) after apt-get install"
-LC_ALL=C dpkg -L skitterweb | LC_ALL=C sort >"$work/files"
-diff -u "$here/installed-files.txt" "$work/files" || fail "dpkg -L skitterweb is not tests/package/installed-files.txt (diff above)"
+dpkg -L skitterweb >"$work/files"
+while IFS= read -r f; do [ -d "$f" ] || echo "$f"; done <"$work/files" | LC_ALL=C sort >"$work/installed"
+{ sed 's#^/usr/share/man/.*#&.gz#' "$manifest"; echo; printf '%s\n' /usr/share/doc/skitterweb/{copyright,changelog.gz}
+  echo /usr/share/doc-base/skitterweb.skitterweb; } | grep . | LC_ALL=C sort >"$work/expected"
+diff -u "$work/expected" "$work/installed" || fail "the files of dpkg -L skitterweb are not those cmake --install put in place (diff above)"
+[ -f /usr/share/man/man6/skitterweb.6.gz ] || fail "no manual page /usr/share/man/man6/skitterweb.6.gz"
 depends=$(dpkg-query -W -f='${Depends}' skitterweb)
-for lib in libqt6svg6 libqt6widgets6 libqt6gui6 libqt6core6 libc6; do
-  echo "$depends" | grep -qE "(^|, )$lib( |,|$)" || fail "the package does not depend on $lib: $depends"
-done
+[[ "$depends" =~ libqt6widgets6\ \(\>=\ 6 ]] || fail "no Depends on libqt6widgets6 computed by shlibdeps: $depends"
 
 # ---- the installed game, started as the menu entry starts it, with a fresh HOME
 home=$work/home
