@@ -8,6 +8,7 @@
 #include <string>
 #include <utility>
 
+#include "Version.h"
 #include "runtime/Trace.h"
 
 namespace sw {
@@ -18,7 +19,7 @@ struct GameState;
 class DebugLog : public TraceLog {
  public:
   static constexpr const char* kFileName = "SWDebug.log";
-  static constexpr const char* kVersion = "1.14";
+  static constexpr const char* kVersion = SKITTERWEB_VERSION;
 
   DebugLog(Options& opts, GameState& game);
   ~DebugLog();

@@ -8,6 +8,7 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "Version.h"
 #include "ui/BenchProbe.h"
 #include "ui/FirstFrame.h"
 #include "ui/GameStyle.h"
@@ -25,7 +26,7 @@ int main(int argc, char* argv[]) {
   mallopt(M_ARENA_MAX, 1);
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
-  QApplication::setApplicationVersion("1.14");
+  QApplication::setApplicationVersion(QStringLiteral(SKITTERWEB_VERSION));
   // Lets a Wayland desktop match the window with the installed menu entry.
   QGuiApplication::setDesktopFileName(QStringLiteral("io.github.skitterweb.Skitterweb"));
   QApplication::setStyle(new swui::GameStyle);

@@ -6,6 +6,7 @@
 #include <sstream>
 #include <string>
 
+#include "Version.h"
 #include "game/Board.h"
 #include "support/TempDir.h"
 
@@ -87,7 +88,7 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   for (int16_t mark : {2, 0, 9}) dbg.DebugMark(mark);
   dbg.DebugExit();
   const std::string log = Slurp(DebugLog::kFileName);
-  EXPECT_EQ(log.rfind(kBars + "| SKITTERWEB\r\n| version: 1.14\r\n| ", 0), 0u);
+  EXPECT_EQ(log.rfind(kBars + "| SKITTERWEB\r\n| version: " SKITTERWEB_VERSION "\r\n| ", 0), 0u);
   const std::string body = AfterHeader(log);
   EXPECT_TRUE(log.substr(0, log.size() - body.size()).ends_with("\r\n" + kBars));
   const std::string line = "{{ PlaySound }} (input) szFileName=comp-dead.mp3\r\n";

@@ -2,6 +2,7 @@
 // all through the recording fake window.
 #include <gtest/gtest.h>
 
+#include "Version.h"
 #include "game/Board.h"
 #include "support/TempDir.h"
 
@@ -32,6 +33,13 @@ TEST(MenuTest, NewGameAsksWhileAGameIsOn) {
   b.g.gbGameOn = 0;  // game over: nothing to lose, nothing asked
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
+}
+
+TEST(MenuTest, AboutNamesTheBuiltVersion) {
+  Board b;
+  const std::vector<std::string> shown = Answered(b, {1}, [&] { b.sw.menu.menAbout_Click(); });
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_EQ(shown[0].rfind("About Skitterweb: Skitterweb\nVersion " SKITTERWEB_VERSION "\n\nWritten by", 0), 0u) << shown[0];
 }
 
 TEST(MenuTest, DifficultyAsksChangesAndRestarts) {

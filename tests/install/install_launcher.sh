@@ -1,19 +1,19 @@
 #!/usr/bin/env bash
-# The launcher bin/skitterweb on a tree installed into a temporary prefix and
+# The launcher (BINDIR/skitterweb) on a tree installed into a temporary prefix and
 # then moved, with a stand-in for the program that records where it runs: the
 # game folder is made under XDG_DATA_HOME (or HOME's .local/share), the program
 # runs in it by exec with the arguments unchanged, the sounds folder there links
 # to the installed sounds, a player's own sounds folder is kept, a stale link is
 # mended, and a game folder that cannot be made stops the launcher.
-#   install_launcher.sh BUILD-DIR
+#   install_launcher.sh BUILD-DIR BINDIR PROGRAM-DIR DATA-DIR   (the last three relative to the prefix)
 set -euo pipefail
-build=$1
+build=$1 bindir=$2 programdir=$3 datadir=$4
 . "$(dirname "$0")/common.sh"
 install_into "$build" "$work/first"
 mv "$work/first" "$work/moved"
 prefix=$work/moved
-sounds=$prefix/share/skitterweb/sounds
-cat >"$prefix/libexec/skitterweb/skitterweb" <<'STANDIN'
+sounds=$prefix/$datadir/sounds
+cat >"$prefix/$programdir/skitterweb" <<'STANDIN'
 #!/bin/sh
 { echo "pid=$$"; echo "cwd=$(pwd -P)"; for a in "$@"; do echo "arg=$a"; done; } >"$STANDIN_OUT"
 exit 7
@@ -25,7 +25,7 @@ mkdir -p "$work/elsewhere" "$work/home"
 run() {
   local out=$work/$1.out; shift
   (cd "$work/elsewhere" && exec env -u XDG_DATA_HOME HOME="$work/home" STANDIN_OUT="$out" "$@" \
-     "${launcher:-$prefix/bin/skitterweb}" "two words" --level=3 2>"$out.err") &
+     "${launcher:-$prefix/$bindir/skitterweb}" "two words" --level=3 2>"$out.err") &
   pid=$!
   status=0; wait "$pid" || status=$?
 }
@@ -63,7 +63,7 @@ expect_ran_in own "$game"
   fail "own: the player's sounds folder was changed: $(ls -A "$game/sounds")"
 
 # ---- started through a link to the launcher, from a bin folder of its own.
-mkdir -p "$work/linkbin" && ln -s "$prefix/bin/skitterweb" "$work/linkbin/skitterweb"
+mkdir -p "$work/linkbin" && ln -s "$prefix/$bindir/skitterweb" "$work/linkbin/skitterweb"
 launcher=$work/linkbin/skitterweb run linked XDG_DATA_HOME="$work/xdg"
 expect_ran_in linked "$work/xdg/skitterweb"
 

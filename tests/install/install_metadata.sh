@@ -2,20 +2,24 @@
 # Installs into a temporary prefix (not the configured one) and checks what a
 # desktop finds there: every file in its place, the desktop entry and the
 # AppStream data valid and naming the same id, the release the project's
-# version, icons of the right sizes on a transparent ground, and a launcher
-# that holds no trace of the configured prefix.
-#   install_metadata.sh BUILD-DIR SOURCE-DIR VERSION APP-ID CONFIGURED-PREFIX
+# version and date, icons of the right sizes on a transparent ground, a launcher
+# that holds no trace of the configured prefix, and a manual page in section 6
+# of the project's version that names the game folder and its files.
+#   install_metadata.sh BUILD-DIR BINDIR PROGRAM-DIR DATA-DIR SOURCE-DIR VERSION APP-ID
+#                       CONFIGURED-PREFIX MANDIR RELEASE-DATE
+# (BINDIR, PROGRAM-DIR, DATA-DIR and MANDIR relative to the prefix)
 set -euo pipefail
-build=$1 src=$2 version=$3 id=$4 configured=$5
+build=$1 bindir=$2 programdir=$3 datadir=$4 src=$5 version=$6 id=$7 configured=$8 mandir=$9 date=${10}
 . "$(dirname "$0")/common.sh"
 prefix=$work/prefix
 install_into "$build" "$prefix"
 [ "$prefix" != "$configured" ] || fail "the test prefix is the configured one"
 
 # ---- the files
-[ -x "$prefix/bin/skitterweb" ] || fail "no launcher bin/skitterweb"
-[ -x "$prefix/libexec/skitterweb/skitterweb" ] || fail "no program libexec/skitterweb/skitterweb"
-diff -r "$src/assets/sounds" "$prefix/share/skitterweb/sounds" || fail "the installed sounds differ from assets/sounds"
+launcher=$prefix/$bindir/skitterweb
+[ -x "$launcher" ] || fail "no launcher $bindir/skitterweb"
+[ -x "$prefix/$programdir/skitterweb" ] || fail "no program $programdir/skitterweb"
+diff -r "$src/assets/sounds" "$prefix/$datadir/sounds" || fail "the installed sounds differ from assets/sounds"
 diff -r "$src/assets/help" "$prefix/share/doc/skitterweb/help" || fail "the installed help pages differ from assets/help"
 desktop=$prefix/share/applications/$id.desktop
 metainfo=$prefix/share/metainfo/$id.metainfo.xml
@@ -34,9 +38,9 @@ for n in 16 24 32 48 64 128 256; do
 done
 
 # ---- the launcher: a POSIX script that is correct wherever the tree lies
-sh -n "$prefix/bin/skitterweb" || fail "the launcher is not a valid sh script"
-head -n1 "$prefix/bin/skitterweb" | grep -qx '#!/bin/sh' || fail "the launcher does not run with /bin/sh"
-if grep -qF "$configured" "$prefix/bin/skitterweb"; then fail "the launcher names the configured prefix $configured"; fi
+sh -n "$launcher" || fail "the launcher is not a valid sh script"
+head -n1 "$launcher" | grep -qx '#!/bin/sh' || fail "the launcher does not run with /bin/sh"
+if grep -qF "$configured" "$launcher"; then fail "the launcher names the configured prefix $configured"; fi
 
 # ---- the desktop entry
 desktop-file-validate "$desktop" || fail "desktop-file-validate rejects $desktop"
@@ -58,9 +62,22 @@ xml() { tr -d '\n' <"$metainfo" | grep -oE "$1" | head -n1; }
 [ "$(xml '<id>[^<]*</id>')" = "<id>$id</id>" ] || fail "the metainfo's id is not $id"
 [ "$(xml '<launchable type="desktop-id">[^<]*<')" = "<launchable type=\"desktop-id\">$id.desktop<" ] ||
   fail "the metainfo does not launch $id.desktop"
-newest=$(xml '<release version="[^"]*"' | sed 's/.*version="//; s/"//')
-[ "$newest" = "$version" ] || fail "the newest release in the metainfo is $newest, the project is $version"
+newest=$(xml '<release version="[^"]*" date="[^"]*"' | sed 's/.*version="//; s/" date="/ /; s/"//')
+[ "$newest" = "$version $date" ] || fail "the newest release in the metainfo is $newest, the project is $version of $date"
 xml '<content_rating type="oars-1.1">' | grep -q . || fail "no OARS 1.1 content rating"
 xml '<image[^>]*>https://[^<]*/docs/screenshot.png</image>' | grep -q . || fail "no screenshot of docs/screenshot.png"
-echo "installed into $prefix: files, desktop entry, AppStream data and icons correct"
+
+# ---- the manual page: section 6, the project's version, what a player looks for in it
+man=$prefix/$mandir/man6/skitterweb.6
+[ -f "$man" ] || fail "no manual page $mandir/man6/skitterweb.6"
+th=$(grep -m1 '^\.TH ' "$man")
+[ "$th" = ".TH SKITTERWEB 6 \"$date\" \"Skitterweb $version\" \"Games\"" ] || fail "the manual page's title line is $th"
+if grep -q '@' "$man"; then fail "the manual page holds an unfilled @VARIABLE@: $(grep '@' "$man")"; fi
+for section in NAME SYNOPSIS DESCRIPTION KEYS FILES ENVIRONMENT; do
+  grep -qx "\.SH $section" "$man" || fail "the manual page has no $section section"
+done
+for word in sw.opt SWhscore.dat SWDebug.log XDG_DATA_HOME '~/.local/share}/skitterweb' 'Number Pad (Default)'; do
+  grep -qF -- "$word" "$man" || fail "the manual page does not name $word"
+done
+echo "installed into $prefix: files, desktop entry, AppStream data, icons and manual page correct"
 echo "1 passed, 0 failed"

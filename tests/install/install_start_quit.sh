@@ -4,9 +4,9 @@
 # folder, on an Xvfb display of its own. The main window comes up; the game
 # runs, as the launcher's own process, in the game folder it made; Game > Quit
 # (its questions answered Yes) ends it, leaving sw.opt in the game folder.
-#   install_start_quit.sh BUILD-DIR
+#   install_start_quit.sh BUILD-DIR BINDIR PROGRAM-DIR DATA-DIR   (the last three relative to the prefix)
 set -euo pipefail
-build=$1
+build=$1 bindir=$2 programdir=$3
 . "$(dirname "$0")/common.sh"
 . "$(dirname "$0")/../support/xvfb.sh"   # its clean-up runs in place of common.sh's
 x_on_exit "rm -rf '$work'"
@@ -15,13 +15,13 @@ install_into "$build" "$prefix"
 mkdir -p "$work/home" "$work/elsewhere"
 game=$work/home/.local/share/skitterweb
 x_server
-x_log=$work/game.log x_start "$work/elsewhere" env -u XDG_DATA_HOME HOME="$work/home" "$prefix/bin/skitterweb"
+x_log=$work/game.log x_start "$work/elsewhere" env -u XDG_DATA_HOME HOME="$work/home" "$prefix/$bindir/skitterweb"
 window=$(x_window)
 answer_boxes() { for _ in $(seq 20); do [ -n "$(x_boxes)" ] || return 0; x_press Return; sleep 0.3; done; }
 
 # ---- the window is the launcher's own process, running the installed program in the game folder.
 [ "$(xdotool getwindowpid "$window")" = "$game_pid" ] || fail "the window is not the launcher's process (no exec)"
-[ "$(readlink "/proc/$game_pid/exe")" = "$(readlink -f "$prefix/libexec/skitterweb/skitterweb")" ] ||
+[ "$(readlink "/proc/$game_pid/exe")" = "$(readlink -f "$prefix/$programdir/skitterweb")" ] ||
   fail "the process runs $(readlink "/proc/$game_pid/exe"), not the installed program"
 [ -d "$game" ] || fail "no game folder $game"
 [ "$(readlink "/proc/$game_pid/cwd")" = "$(cd "$game" && pwd -P)" ] ||

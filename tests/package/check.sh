@@ -1,0 +1,88 @@
+#!/usr/bin/env bash
+# The Debian package on this system, as a player meets it: installed with apt from the file; its files
+# exactly those cmake --install put in place when it was built (INSTALL-MANIFEST, the manual page
+# compressed) and Debian's copyright, changelog and doc-base entry; the installed game started under
+# Xvfb with a fresh HOME (XDG_DATA_HOME unset) up to its first frame, its game folder made in
+# ~/.local/share with the sounds linked there, ended by SIGTERM (status 0, its options saved); then
+# purged: no file of the package is left, and no folder of its own.
+#   tests/package/check.sh PACKAGE.deb INSTALL-MANIFEST
+# Installs and removes system-wide: needs root or sudo, and a system where skitterweb is not installed.
+set -euo pipefail
+deb=$(readlink -f "$1") manifest=$2
+here=$(cd "$(dirname "$0")" && pwd)
+. "$here/../support/xvfb.sh"
+fail() { x_fail "$@"; }
+
+sudo=""
+if [ "$(id -u)" != 0 ]; then
+  command -v sudo >/dev/null || fail "installing the package needs root (or sudo): cannot check it here"
+  sudo=sudo
+fi
+apt() { $sudo env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 -y -q "$@"; }
+state() { local s; s=$(dpkg-query -W -f='${db:Status-Status}' skitterweb 2>/dev/null) || true; echo "${s:-not-installed}"; }
+[ "$(state)" = not-installed ] ||
+  fail "skitterweb is on this system already ($(state)): the check installs and purges it; remove it first"
+
+work=$(mktemp -d)
+x_on_exit "rm -rf '$work'"
+chmod 755 "$work"
+
+# ---- installed with apt, which brings its dependencies; purged again however the check ends
+apt install "$deb" >"$work/install.log" 2>&1 || { cat "$work/install.log" >&2; fail "apt-get install $deb failed"; }
+purge_if_installed() { [ "$(state)" = not-installed ] || apt purge skitterweb; }
+x_on_exit purge_if_installed
+[ "$(state)" = installed ] || fail "skitterweb is $(state) after apt-get install"
+dpkg -L skitterweb >"$work/files"
+while IFS= read -r f; do [ -d "$f" ] || echo "$f"; done <"$work/files" | LC_ALL=C sort >"$work/installed"
+{ sed 's#^/usr/share/man/.*#&.gz#' "$manifest"; echo; printf '%s\n' /usr/share/doc/skitterweb/{copyright,changelog.gz}
+  echo /usr/share/doc-base/skitterweb.skitterweb; } | grep . | LC_ALL=C sort >"$work/expected"
+diff -u "$work/expected" "$work/installed" || fail "the files of dpkg -L skitterweb are not those cmake --install put in place (diff above)"
+[ -f /usr/share/man/man6/skitterweb.6.gz ] || fail "no manual page /usr/share/man/man6/skitterweb.6.gz"
+depends=$(dpkg-query -W -f='${Depends}' skitterweb)
+[[ "$depends" =~ libqt6widgets6\ \(\>=\ 6 ]] || fail "no Depends on libqt6widgets6 computed by shlibdeps: $depends"
+
+# ---- the installed game, started as the menu entry starts it, with a fresh HOME
+home=$work/home
+mkdir "$home" "$work/run"
+game=$home/.local/share/skitterweb
+x_server
+x_start "$work/run" env -u XDG_DATA_HOME HOME="$home" /usr/games/skitterweb
+x_screenshot "$work/first-frame.png"
+cp "$work/first-frame.png" "$(dirname "$deb")/installed-first-frame.png"
+colours=$(convert "$work/first-frame.png" -format '%k' info:)
+[ "$colours" -ge 16 ] || fail "the first frame is nearly blank ($colours colours)"
+[ "$(readlink "/proc/$game_pid/exe")" = /usr/libexec/skitterweb/skitterweb ] ||
+  fail "the window's process runs $(readlink "/proc/$game_pid/exe"), not /usr/libexec/skitterweb/skitterweb"
+[ "$(readlink "/proc/$game_pid/cwd")" = "$(cd "$game" && pwd -P)" ] || fail "the game runs in $(readlink "/proc/$game_pid/cwd"), not $game"
+[ "$(readlink "$game/sounds")" = /usr/share/skitterweb/sounds ] ||
+  fail "$game/sounds is not a link to /usr/share/skitterweb/sounds: $(ls -la "$game")"
+[ -f "$game/sounds/comp-program start.mp3" ] || fail "the sounds cannot be read through $game/sounds"
+
+# ---- ended as a logout ends it: status 0, the options saved in the game folder
+kill -TERM "$game_pid"
+x_ended "$game_pid" 100 || fail "SIGTERM did not end the game"
+status=0
+wait "$game_pid" || status=$?
+[ "$status" = 0 ] || fail "SIGTERM ended the game with status $status"
+[ -s "$game/sw.opt" ] || fail "no sw.opt in $game after SIGTERM: $(ls -A "$game")"
+[ -z "$(ls -A "$work/run" | grep -vx game.log)" ] || fail "the game wrote into the folder it was started from"
+
+# ---- purged: every file of the package gone; of its folders, only those another package owns or
+# that hold files of others may stay, and none with the game's name
+apt purge skitterweb >"$work/purge.log" 2>&1 || { cat "$work/purge.log" >&2; fail "apt-get purge skitterweb failed"; }
+[ "$(state)" = not-installed ] || fail "skitterweb is $(state) after apt-get purge"
+left=()
+while IFS= read -r path; do
+  [ "$path" = /. ] && continue
+  [ -e "$path" ] || [ -L "$path" ] || continue
+  if [ -d "$path" ] && [ ! -L "$path" ] && [[ "$path" != *skitterweb* ]] &&
+    { dpkg-query -S "$path" >/dev/null 2>&1 || [ -n "$(ls -A "$path")" ]; }; then
+    continue
+  fi
+  left+=("$path")
+done <"$work/files"
+[ "${#left[@]}" = 0 ] || fail "left after apt-get purge: ${left[*]}"
+[ -s "$game/sw.opt" ] || fail "purging the package touched the player's own files"
+
+echo "package: installed with apt, files as listed, game started under Xvfb in $game, ended by SIGTERM, purged with nothing left"
+echo "package: 1 passed, 0 failed"
