@@ -1,16 +1,15 @@
 #pragma once
-// Shared pieces of the window tests: a fresh working directory (the game
-// reads and writes its files in the current directory), a scripted message
-// box that answers instead of waiting for a player, and small file helpers.
-#include <QDir>
-#include <QFile>
+// Shared pieces of the window tests: a fresh working directory (the game reads
+// and writes its files in the current directory), message boxes that answer
+// from a script instead of waiting for a player, a loaded main window, and a
+// hand for the next modal dialog.
 #include <QLabel>
 #include <QPushButton>
 #include <QTemporaryDir>
-#include <deque>
-#include <initializer_list>
-#include <vector>
+#include <QTest>
+#include <QTimer>
 
+#include "ui/frmMain.h"
 #include "ui/frmMsgBox.h"
 
 namespace uitest {
@@ -20,57 +19,53 @@ struct FreshDir {
   FreshDir() { QDir::setCurrent(dir.path()); }
 };
 
-inline QString ReadFile(const QString& name) {
+inline QByteArray ReadFile(const QString& name) {
   QFile f(name);
-  return f.open(QIODevice::ReadOnly) ? QString::fromLatin1(f.readAll()) : QString();
-}
-
-inline bool WriteFile(const QString& name, const QByteArray& bytes) {
-  QFile f(name);
-  return f.open(QIODevice::WriteOnly) && f.write(bytes) == bytes.size();
+  return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
 // Whether a shared library whose file name starts with `name` is mapped into this process.
-inline bool Mapped(const char* name) {
-  QFile maps("/proc/self/maps");
-  return maps.open(QIODevice::ReadOnly) && maps.readAll().contains(QByteArray("/") + name);
-}
+inline bool Mapped(const char* name) { return ReadFile("/proc/self/maps").contains(QByteArray("/") + name); }
 
-struct Shown {
-  QString title;
-  QString text;
-  int16_t nButtons;
-};
-
-// Records every message box and answers from a script, or with the default
-// button's code when the script is empty.
-class ScriptedBoxes {
- public:
+// Records the title of every message box, and answers with the default button (Yes or OK)
+// unless `next` holds another answer for the next box.
+struct ScriptedBoxes {
+  QStringList titles;
+  int16_t next = 0;
   ScriptedBoxes() {
     swui::frmMsgBox::testAnswer = [this](swui::frmMsgBox& box) -> int16_t {
-      int16_t nButtons = -1;
-      if (box.cmdYes->isVisibleTo(&box)) nButtons = 4;
-      else if (box.cmdCancel->isVisibleTo(&box)) nButtons = 1;
-      else if (box.cmdOK->isVisibleTo(&box)) nButtons = 0;
-      shown.push_back({box.windowTitle(), box.lblMesg->text(), nButtons});
-      if (answers.empty()) return nButtons == 4 ? 6 : 1;
-      const int16_t a = answers.front();
-      answers.pop_front();
-      return a;
+      titles << box.windowTitle();
+      const int16_t answer = next != 0 ? next : box.cmdYes->isVisibleTo(&box) ? 6 : 1;
+      next = 0;
+      return answer;
     };
   }
   ~ScriptedBoxes() { swui::frmMsgBox::testAnswer = nullptr; }
-  ScriptedBoxes(const ScriptedBoxes&) = delete;
-  ScriptedBoxes& operator=(const ScriptedBoxes&) = delete;
-
-  // Forgets the boxes shown so far and queues the next answers.
-  void Expect(std::initializer_list<int16_t> next) {
-    shown.clear();
-    answers = next;
-  }
-
-  std::vector<Shown> shown;
-  std::deque<int16_t> answers;
 };
+
+// The main window in a fresh directory, shown and loaded (a first run: no files yet), sound off.
+struct Session {
+  FreshDir dir;
+  ScriptedBoxes boxes;
+  swui::frmMain w;
+  Session() {
+    w.show();
+    w.Form_Load();
+    w.sw.opts.Current().bSound = 0;
+  }
+};
+
+// Runs `step` on the next modal dialog once it is open (call before opening it); the step closes
+// it. A dialog of another kind, or one left open, fails the test and is closed.
+template <class Dialog, class F>
+void InNextDialog(F step) {
+  QTimer::singleShot(0, [step] {
+    QWidget* open = QApplication::activeModalWidget();
+    if (auto* d = qobject_cast<Dialog*>(open)) step(*d);
+    if (open == nullptr || !open->isVisible()) return;
+    QTest::qFail("the dialog expected was not opened and closed", __FILE__, __LINE__);
+    open->close();
+  });
+}
 
 }  // namespace uitest

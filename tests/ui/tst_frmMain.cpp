@@ -1,57 +1,52 @@
 // The main window: start-up, typed keys running turns and redrawing the map,
-// the information bar, the commands that ask first, and closing.
-#include <QApplication>
-#include <QTest>
+// no turn inside a turn while the start or a pause runs, closing, and how it
+// looks in a light and a dark desktop palette.
+#include <QKeyEvent>
+#include <cmath>
 
-#include "ui/ProgBar.h"
+#include "ui/GameStyle.h"
 #include "ui/UiTestSupport.h"
-#include "ui/frmMain.h"
 
 using sw::Picture;
 using swui::frmMain;
 
 namespace {
 
-// What the model says each cell should show.
-Picture Expected(const sw::GameState& g, int col, int row) {
-  const sw::CoordPair ct{static_cast<int16_t>(col), static_cast<int16_t>(row)};
-  if (g.gctPlayerPos == ct) return sw::PlayerPicture(g.gnPlayerDir);
-  for (int i = 1; i <= g.gnVirusLive; ++i)
-    if (g.gctVirusPos[static_cast<size_t>(i)] == ct) return Picture::Virus;
-  for (int i = 1; i <= g.gnInfectedCount; ++i)
-    if (g.gctInfectedPos[static_cast<size_t>(i)] == ct) return Picture::Infected;
-  return Picture::None;
-}
-
-QString CellText(const frmMain& w, int col, int row) {
-  return w.grdMap->CellText(col, row);
-}
-
-// Every cell's picture and accessible text agree with the model; returns the first mismatch.
+// The first cell whose picture or accessible text is not what the model holds; empty when none.
 QString MapMismatch(const frmMain& w) {
   const sw::GameState& g = w.sw.game;
-  for (int r = 0; r < g.gnMapRows; ++r)
-    for (int c = 0; c < g.gnMapCols; ++c) {
-      const Picture want = Expected(g, c, r), got = w.grdMap->PictureAt(c, r);
-      if (got != want || CellText(w, c, r) != swui::PictureSet::AccessibleText(want))
-        return QStringLiteral("cell %1,%2 shows %3 '%4', model wants %5")
-            .arg(c).arg(r).arg(static_cast<int>(got)).arg(CellText(w, c, r)).arg(static_cast<int>(want));
+  for (int16_t r = 0; r < g.gnMapRows; ++r)
+    for (int16_t c = 0; c < g.gnMapCols; ++c) {
+      const sw::CoordPair ct{c, r};
+      auto on = [&ct](const auto& list, int n) { return std::count(list.begin() + 1, list.begin() + 1 + n, ct) > 0; };
+      const Picture want = g.gctPlayerPos == ct ? sw::PlayerPicture(g.gnPlayerDir)
+                           : on(g.gctVirusPos, g.gnVirusLive) ? Picture::Virus
+                           : on(g.gctInfectedPos, g.gnInfectedCount) ? Picture::Infected : Picture::None;
+      if (w.grdMap->PictureAt(c, r) != want || w.grdMap->CellText(c, r) != swui::PictureSet::AccessibleText(want))
+        return QStringLiteral("cell %1,%2").arg(c).arg(r);
     }
-  return QString();
+  return {};
 }
 
-// A quiet board: the mouse at (5,5) standing, one virus far away at (20,10).
-void QuietBoard(frmMain& w) {
+// The mouse at (5,5) standing; the viruses where the test wants them.
+void Board(frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
   sw::GameState& g = w.sw.game;
-  sw::Game& eng = w.sw.engine;
-  eng.ResetObjects();
+  w.sw.engine.ResetObjects();
   g.gnPlayerDir = 5;
-  eng.MovePlayer(sw::CoordPair{5, 5});
-  g.gctVirusPos.push_back(sw::CoordPair{20, 10});
-  g.gnVirusLive = 1;
-  eng.DrawViruses();
+  w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
+  g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
+  g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
+  w.sw.engine.DrawViruses();
   g.gbEndSite = -1;
-  g.gbWaitOn = 0;
+}
+
+// The contrast ratio of two colours, from 1 (the same) to 21 (black on white).
+double Contrast(const QColor& a, const QColor& b) {
+  auto lum = [](const QColor& c) {
+    auto lin = [](double v) { return v <= 0.03928 ? v / 12.92 : std::pow((v + 0.055) / 1.055, 2.4); };
+    return 0.2126 * lin(c.redF()) + 0.7152 * lin(c.greenF()) + 0.0722 * lin(c.blueF());
+  };
+  return (std::max(lum(a), lum(b)) + 0.05) / (std::min(lum(a), lum(b)) + 0.05);
 }
 
 }  // namespace
@@ -59,166 +54,163 @@ void QuietBoard(frmMain& w) {
 class TestFrmMain : public QObject {
   Q_OBJECT
 
- private:
-  // A fresh directory, scripted boxes and a loaded window, torn down in reverse order.
-  struct Session {
+  std::unique_ptr<uitest::Session> s_;
+
+ private slots:
+  void initTestCase() { QApplication::setStyle(new swui::GameStyle); }  // as the game has it
+  void init() { s_ = std::make_unique<uitest::Session>(); }
+  void cleanup() { s_.reset(); }
+
+  // On a 96 DPI screen at scale 1 the board's pictures (with the grid or without it), the pointer
+  // and the icon were drawn at build time: the window reads no SVG and loads no SVG code.
+  void aBoardAt96DpiReadsNoSvg() {
+    QCOMPARE(s_->w.logicalDpiX(), 96);
+    for (int i = 0; i < 2; ++i, s_->w.sw.menu.menGrid_Click()) (void)s_->w.grab();
+    s_->w.SetPointer(sw::Pointer::Custom);
+    QCOMPARE(frmMain::AppIcon().availableSizes().size(), 4);
+    QCOMPARE(s_->w.grdMap->Pictures().SvgReads(), 0);
+    QVERIFY(!uitest::Mapped("libQt6Svg"));
+  }
+
+  // A first run: no options file, said so; the first game on the map; the options on the menus;
+  // the window and its cells sized in twips, the cells taking the grid lines' room without them.
+  void startUpShowsTheFirstGame() {
+    frmMain& w = s_->w;
+    QCOMPARE(s_->boxes.titles.value(0), QStringLiteral("Error: LoadOptions"));
+    QCOMPARE(MapMismatch(w), QString());
+    QVERIFY(w.menSound->isChecked() && w.menGrid->isChecked() && w.menDiffLevel[2]->isChecked());
+    for (QLabel* l : w.pctInfoBar->findChildren<QLabel*>()) QCOMPARE(l->accessibleName(), l->text());
+    const QSize size = w.size();
+    QCOMPARE(QSize(w.grdMap->width(), w.grdMap->columnWidth(0)), QSize(w.twips().X(24 * 499), w.twips().X(480)));
+    w.sw.menu.menGrid_Click();
+    QVERIFY(!w.menGrid->isChecked() && !w.grdMap->showGrid() && w.size() == size);
+    QCOMPARE(w.grdMap->columnWidth(0), w.twips().X(490));
+  }
+
+  // The keys go to the window, never to the grid or a control that takes the focus: Tab, Enter
+  // and Space stay game keys (here bound to Pause); the number pad with Num Lock off sends its
+  // digits, the arrow keys themselves none; with Caps Lock on a letter of the profile plays.
+  // A turn runs, the virus answers, and the map follows the model.
+  void gameKeys() {
+    frmMain& w = s_->w;
+    (new QPushButton("x", w.pctInfoBar))->show();
+    QApplication::setActiveWindow(&w);
+    struct Case { const char* name; int key; Qt::KeyboardModifier mod; int16_t pause; QPoint to; bool turn; };
+    const Case cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
+                          {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
+                          {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
+                          {"pad 9", Qt::Key_PageUp, Qt::KeypadModifier, '5', {6, 4}, true},
+                          {"pad 5", Qt::Key_Clear, Qt::KeypadModifier, '5', {5, 5}, true},
+                          {"arrow", Qt::Key_Up, Qt::NoModifier, '5', {5, 5}, false},
+                          {"Caps Lock W in Keyboard Left", 'W', Qt::NoModifier, 'd', {4, 4}, true}};
+    for (const Case& c : cases) {
+      sw::OptionProfile& op = w.sw.opts.Current();
+      if (c.key == 'W') op.nProfile = 2;
+      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = c.pause;
+      Board(w, {{20, 10}});
+      if (c.key == 'W') QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
+      else QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(c.key), c.mod);
+      const sw::CoordPair at = w.sw.game.gctPlayerPos;
+      const bool turned = !(w.sw.game.gctVirusPos[1] == sw::CoordPair{20, 10});
+      QVERIFY2(QPoint(at.nCol, at.nRow) == c.to && turned == c.turn && MapMismatch(w).isEmpty(), c.name);
+      QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(&w));
+    }
+  }
+
+  // During the pause of a wait, a nightmare move or a link, a menu command (its refusal sound
+  // pauses too), closing the window and a move key each run nothing.
+  void pausesKeepTurnsOut() {
+    for (const auto& [diff, key, moves] : {std::tuple{2, '0', 0}, {4, '6', 1}, {3, '+', 1}}) {
+      s_.reset();  // the last session's boxes first
+      s_ = std::make_unique<uitest::Session>();
+      frmMain& w = s_->w;
+      w.sw.opts.Current().nDiff = static_cast<int16_t>(diff);
+      w.sw.opts.Current().bSound = -1;
+      w.sw.rnd.Randomize(3);
+      if (key == '0') Board(w, {{7, 5}, {7, 7}});  // the wait ends in two phases: the viruses reach the mouse
+      else Board(w, {{20, 10}, {20, 2}});
+      const int16_t games = w.sw.game.gnGameNum;
+      bool inside = false;
+      QTimer poll;
+      connect(&poll, &QTimer::timeout, [&] {
+        if (w.sw.game.gbSleepOn == 0) return;
+        poll.stop();
+        inside = true;
+        w.menNewGame->trigger();
+        w.close();
+        QTest::keyClick(&w, '8');
+      });
+      poll.start(0);
+      QTest::keyClick(&w, key);
+      QVERIFY2(inside && w.sw.game.gnMoveCount == moves && w.sw.game.gnGameNum == games && !w.Quitting() &&
+                   !s_->boxes.titles.contains("Quit Skitterweb"),
+               qPrintable(QString(key)));
+    }
+  }
+
+  // The start is one pause until its last step has run: a key that comes before its first frame is
+  // up, and keys during the start sound's pause after it, run no turn. Once it is over, keys play.
+  void keysDuringTheStartRunNoTurn() {
+    s_.reset();
     uitest::FreshDir dir;
     uitest::ScriptedBoxes boxes;
     frmMain w;
-  };
-  std::unique_ptr<Session> s_;
-
- private slots:
-  void init() {
-    s_ = std::make_unique<Session>();
-    s_->w.show();
-    QVERIFY(QTest::qWaitForWindowExposed(&s_->w));
-    s_->w.Form_Load();
-    s_->w.sw.opts.Current().bSound = 0;  // no sounds, and no pauses while they play
-  }
-
-  void cleanup() { s_.reset(); }
-
-  void startUpShowsFirstGame() {
-    frmMain& w = s_->w;
-    // A first run has no options file: the loader says so, the guest plays, and
-    // the options in force are applied to the menus and the labels.
-    QVERIFY(!s_->boxes.shown.empty());
-    QCOMPARE(s_->boxes.shown.front().title, QStringLiteral("Error: LoadOptions"));
-    QCOMPARE(w.sw.game.gbGameOn, int16_t{-1});
-    QCOMPARE(MapMismatch(w), QString());
-    QVERIFY(w.menSound->isChecked() && w.menGrid->isChecked() && w.grdMap->showGrid());
-    QVERIFY(w.menDiffLevel[2]->isChecked() && !w.menDiffLevel[1]->isChecked());
-    QCOMPARE(w.lblVirus->text(), QStringLiteral("7"));
-    QCOMPARE(w.pbrNetLag->Max(), 13);
-    for (QLabel* l : w.pctInfoBar->findChildren<QLabel*>()) QCOMPARE(l->accessibleName(), l->text());
-  }
-
-  void typedKeyRunsATurnAndRedraws() {
-    frmMain& w = s_->w;
-    const sw::GameState& g = w.sw.game;
-    QuietBoard(w);
-    // The keys go to the window, never to the grid.
-    QApplication::setActiveWindow(&w);
-    QWidget* target = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : &w;
-    QCOMPARE(target, static_cast<QWidget*>(&w));
-    QTest::keyClick(target, Qt::Key_6, Qt::KeypadModifier);  // Number Pad: 6 moves right
-    QCOMPARE(g.gctPlayerPos, (sw::CoordPair{6, 5}));
-    QVERIFY(!(g.gctVirusPos[1] == (sw::CoordPair{20, 10})));  // the virus answered
-    QCOMPARE(MapMismatch(w), QString());
-    QCOMPARE(CellText(w, 6, 5), QStringLiteral("Whisk facing right"));
-    // Up-left: the picture follows the facing.
-    QTest::keyClick(&w, Qt::Key_7, Qt::KeypadModifier);
-    QCOMPARE(g.gctPlayerPos, (sw::CoordPair{5, 4}));
-    QCOMPARE(CellText(w, 5, 4), QStringLiteral("Whisk facing up-left"));
-    QCOMPARE(MapMismatch(w), QString());
-  }
-
-  void tabEnterAndSpaceReachTheGame() {
-    frmMain& w = s_->w;
-    QuietBoard(w);
-    // Even with a control that could take the focus, they stay game keys.
-    auto* focusable = new QPushButton("x", w.pctInfoBar);
-    focusable->setFocusPolicy(Qt::StrongFocus);
-    focusable->show();
-    w.setFocus();
-    const std::pair<Qt::Key, int16_t> keys[] = {{Qt::Key_Tab, 9}, {Qt::Key_Return, 13}, {Qt::Key_Space, 32}};
-    for (const auto& [key, code] : keys) {
-      // Bound to Pause: the mouse stands still and the virus takes a step.
-      auto& op = w.sw.opts.Current();
-      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = code;
-      const sw::CoordPair before = w.sw.game.gctVirusPos[1];
-      w.sw.game.gnPlayerDir = 6;
-      QTest::keyClick(&w, key);
-      QVERIFY2(!(w.sw.game.gctVirusPos[1] == before) && w.sw.game.gnPlayerDir == 5, qPrintable(QString::number(code)));
-      QCOMPARE(MapMismatch(w), QString());
-      QVERIFY(QApplication::focusWidget() == nullptr || QApplication::focusWidget() == &w);
-    }
-  }
-
-  void virusCounterTurnsRedAtThirty() {
-    frmMain& w = s_->w;
-    const std::pair<int16_t, QColor> cases[] = {{30, QColor(255, 0, 0)},
-                                                {29, QApplication::palette().color(QPalette::ButtonText)}};
-    for (const auto& [live, colour] : cases) {
-      w.sw.game.gnVirusLive = live;
-      w.sw.engine.ShowVirusCount();
-      QCOMPARE(w.lblVirus->palette().color(QPalette::WindowText), colour);
-      QCOMPARE(w.lblVirus->accessibleName(), QString::number(live));
-    }
-  }
-
-  void sizeAndGridFollowTheTwips() {
-    frmMain& w = s_->w;
-    const swui::Twips& tw = w.twips();
-    w.sw.menu.menUseDL_Click();  // trace the geometry into a fresh log
-    const int height = 14 * 499 + sw::twips::kInfoBarHeight + 610;
-    QCOMPARE(w.WidthTwips(), 24 * 499);
-    QCOMPARE(w.HeightTwips(), height);
-    QCOMPARE(QSize(w.grdMap->columnWidth(0), w.grdMap->rowHeight(13)), QSize(tw.X(480), tw.Y(480)));
-    QCOMPARE(w.grdMap->width(), tw.X(24 * 499));
-    QCOMPARE(w.pctInfoBar->width(), tw.X(11976));
-    const QSize before = w.size();
-
-    w.sw.menu.menGrid_Click();  // grid off: the cells take the grid lines' room, the window keeps its size
-    QCOMPARE(w.sw.opts.Current().bGrid, int16_t{0});
-    QVERIFY(!w.menGrid->isChecked() && !w.grdMap->showGrid());
-    QCOMPARE(QSize(w.grdMap->columnWidth(23), w.grdMap->rowHeight(0)), QSize(tw.X(490), tw.Y(490)));
-    QCOMPARE(w.size(), before);
-
-    w.sw.menu.menNewGame_Click();  // Yes: a new game sizes the window again
-    const QString log = uitest::ReadFile(sw::DebugLog::kFileName);
-    QVERIFY2(log.contains("{{ SetGrid }} (variables) frmMain.grdMap.Cols/Rows=24/14 "
-                          "frmMain.grdMap.Height/Width=6986/11976 nCellSize=490") &&
-                 log.contains(QStringLiteral("{{ SetSize }} (variables) frmMain.Height=%1 frmMain.Width=11976 "
-                                             "frmMain..pctInfoBar.Width=11976").arg(height)) &&
-                 log.contains("{{ frmMain.menGrid_Click }} (variables) gopOpts(gnOpt).bGrid=0"),
-             qPrintable(log));
-    w.sw.menu.menGrid_Click();
-    QVERIFY(w.grdMap->showGrid() && w.grdMap->columnWidth(0) == tw.X(480));
-  }
-
-  void rightClickOnDifficultyAdvances() {
-    frmMain& w = s_->w;
-    w.sw.menu.menDiffLevel_Click(4);  // Yes by default
-    // Nightmare is followed by Easy; answering No keeps the game and the level.
-    s_->boxes.Expect({7});
-    const int16_t games = w.sw.game.gnGameNum;
-    QTest::mouseClick(w.lblDiff, Qt::RightButton);
-    QCOMPARE(s_->boxes.shown.size(), size_t{1});
-    QCOMPARE(s_->boxes.shown[0].title, QStringLiteral("Change Game Difficulty"));
-    QVERIFY(s_->boxes.shown[0].text.startsWith("Changing the game difficulty to easy will start a new game."));
-    QVERIFY(w.sw.opts.Current().nDiff == 4 && w.menDiffLevel[4]->isChecked());
-    QCOMPARE(w.sw.game.gnGameNum, games);
-    // A left click does nothing; a right click on the caption label asks too.
-    QTest::mouseClick(w.lblDiff, Qt::LeftButton);
-    QCOMPARE(s_->boxes.shown.size(), size_t{1});
-    QTest::mouseClick(w.lblDiffT, Qt::RightButton);
-    QCOMPARE(s_->boxes.shown.size(), size_t{2});
-    QCOMPARE(w.sw.opts.Current().nDiff, int16_t{1});
-    QCOMPARE(w.lblDiff->accessibleName(), QStringLiteral("Easy"));
-    QVERIFY(w.menDiffLevel[1]->isChecked() && !w.menDiffLevel[4]->isChecked());
-    QCOMPARE(w.sw.game.gnGameNum, static_cast<int16_t>(games + 1));
-    // Neither the level in force nor any level during a timed pause asks or restarts.
-    w.sw.menu.menDiffLevel_Click(1);
-    w.sw.game.gbSleepOn = -1;
-    w.sw.menu.menDiffLevel_Click(3);
-    QCOMPARE(s_->boxes.shown.size(), size_t{2});
-    QCOMPARE(w.sw.opts.Current().nDiff, int16_t{1});
-    QCOMPARE(w.sw.game.gnGameNum, static_cast<int16_t>(games + 1));
+    w.sw.optsFile.SaveOptions();  // the files the start reads: no notice
+    w.sw.hs.WriteHighScores();
+    int keysInPause = 0;
+    QTimer typist;  // a key every millisecond, until the start's pause has come and gone
+    connect(&typist, &QTimer::timeout, [&] {
+      if (w.CurrentPointer() == sw::Pointer::Hourglass) ++keysInPause;
+      else if (keysInPause > 0 || w.sw.game.gnMoveCount > 0) return typist.stop();
+      QTest::keyClick(&w, '8');
+    });
+    typist.start(1);
+    w.Start();
+    QCoreApplication::postEvent(&w, new QKeyEvent(QEvent::KeyPress, Qt::Key_8, Qt::NoModifier, "8"));
+    QTRY_VERIFY(!typist.isActive() && w.sw.game.gbSleepOn == 0);
+    QCOMPARE(w.sw.game.gnMoveCount, int16_t{0});
+    QVERIFY(keysInPause > 0 && boxes.titles.isEmpty());
+    w.sw.game.gnVirusLive = 0;  // nothing can answer the move now
+    QTest::keyClick(&w, w.sw.game.gctPlayerPos.nRow > 0 ? '8' : '2');
+    QCOMPARE(w.sw.game.gnMoveCount, int16_t{1});
   }
 
   void closingAsksAndQuits() {
     frmMain& w = s_->w;
-    s_->boxes.Expect({7, 6});
+    s_->boxes.titles.clear();
+    s_->boxes.next = 7;  // No, then Yes
     QVERIFY(!w.close());
-    QCOMPARE(s_->boxes.shown.size(), size_t{1});
-    QCOMPARE(s_->boxes.shown[0].title, QStringLiteral("Quit Skitterweb"));
-    QVERIFY(!w.Quitting() && w.isVisible());
-    QVERIFY(!QFile::exists(sw::Options::kFileName));
+    QVERIFY(!w.Quitting() && w.isVisible() && !QFile::exists(sw::Options::kFileName));
     w.close();
-    QVERIFY(w.Quitting());
-    QVERIFY(uitest::ReadFile(sw::Options::kFileName).startsWith("\"Version\",\"1.14\""));
+    QCOMPARE(s_->boxes.titles, QStringList({"Quit Skitterweb", "Quit Skitterweb"}));
+    QVERIFY(w.Quitting() && uitest::ReadFile(sw::Options::kFileName).startsWith("\"Version\",\"1.14\""));
+  }
+
+  // Captions read against the window, counters stand out on their tiles, and the board is a quiet
+  // shade apart with faint lines.
+  void everythingReads_data() {
+    QTest::addColumn<QPalette>("palette");
+    QTest::newRow("light") << QApplication::style()->standardPalette();
+    QTest::newRow("dark") << QPalette(QColor(0x36383d), QColor(0x2b2d31));  // button and window: light text
+  }
+  void everythingReads() {
+    QFETCH(QPalette, palette);
+    s_.reset();
+    QApplication::setPalette(palette);
+    s_ = std::make_unique<uitest::Session>();
+    frmMain& w = s_->w;
+    const QImage shot = w.grab().toImage();
+    const QColor window = w.palette().color(QPalette::Window);
+    auto ink = [](const QLabel* l) { return l->palette().color(QPalette::WindowText); };
+    for (QLabel* l :
+         {w.lblScoreT, w.lblHighScoreT, w.lblReconnectsT, w.lbSitesHitT, w.lblVirusT, w.lblDiffT, w.lblNetLagT})
+      QVERIFY2(Contrast(ink(l), window) >= 4.5, qPrintable(l->objectName()));
+    for (QLabel* l : {w.lblScore, w.lblHighScore, w.lblReconnects, w.lblSitesHit, w.lblDiff}) {
+      const QColor tile = shot.pixelColor(l->mapTo(&w, QPoint(2, l->height() / 2)) * shot.devicePixelRatio());
+      QVERIFY2(Contrast(ink(l), tile) >= 7.0, qPrintable(l->objectName()));
+    }
+    const double board = Contrast(w.grdMap->BoardColor(), window);
+    QVERIFY(board > 1.02 && board < 1.6 && Contrast(w.grdMap->LineColor(), w.grdMap->BoardColor()) < 1.6);
   }
 };
 

@@ -1,0 +1,145 @@
+// The message box's geometry and answers; the help and the dialogs on screen,
+// opened as the game opens them: F1, Mark Debug Log, the controls with the
+// selection dialog, and the webmaster lists.
+#include <QComboBox>
+#include <QLineEdit>
+#include <QRadioButton>
+#include <QTextBrowser>
+
+#include "debuglog/frmDebugMark.h"
+#include "options/frmCommandList.h"
+#include "options/frmSelect.h"
+#include "scoring/frmHighScore.h"
+#include "ui/UiTestSupport.h"
+#include "ui/frmHelp.h"
+
+using swui::frmMsgBox;
+using uitest::InNextDialog;
+using Ints = QList<int>;
+
+namespace {
+
+swui::frmHelp* OpenHelp() {
+  for (QWidget* w : QApplication::allWidgets())
+    if (auto* h = qobject_cast<swui::frmHelp*>(w); h != nullptr && h->isVisible()) return h;
+  return nullptr;
+}
+
+}  // namespace
+
+class TestDialogs : public QObject {
+  Q_OBJECT
+
+  std::unique_ptr<uitest::Session> s_;
+
+ private slots:
+  void initTestCase() { swui::InstallHelpKey(*qApp); }
+  void init() { s_ = std::make_unique<uitest::Session>(); }
+  void cleanup() { s_.reset(); }
+
+  void msgBoxLayout() {
+    // In: text width, text height, wrapped height, title width, button set. Out: buttons, label width
+    // and height, box width and height, the buttons' top and lefts. All in twips.
+    const std::pair<Ints, Ints> cases[] = {
+        // OK: at least 1595 wide, the button centred between the margins.
+        {{400, 195, 195, 300, 0}, {1, 400, 195, 1595, 1460, 630, 120, 0}},
+        // OK/Cancel and Yes/No: two buttons 120 apart, at least 2950 wide.
+        {{400, 195, 195, 300, 1}, {2, 400, 195, 2950, 1460, 630, 120, 1475}},
+        {{6000, 585, 585, 300, 4}, {2, 6000, 585, 6360, 1850, 1020, 1825, 3180}},
+        // Any other set: no buttons and no minimum width.
+        {{400, 195, 195, 300, 2}, {0, 400, 195, 760, 1460, 630, 0, 0}},
+        // Wider than the main window: wraps at its width and grows downwards.
+        {{20000, 195, 780, 300, 0}, {1, 11976, 780, 12336, 2045, 1215, 5490, 0}},
+        // A long title with a short text: as wide as the title plus the margins.
+        {{400, 195, 195, 4000, 0}, {1, 4000, 195, 4360, 1460, 630, 1502, 0}}};
+    for (const auto& [in, want] : cases) {
+      const auto l = frmMsgBox::ComputeLayout(in[0], in[1], in[2], in[3], 24 * 499, static_cast<int16_t>(in[4]));
+      QCOMPARE((Ints{l.nButtons, l.lblWidth, l.lblHeight, l.width, l.height, l.btnTop, l.btnLeft[0], l.btnLeft[1]}),
+               want);
+      QCOMPARE(l.wordWrap, in[0] > 24 * 499);
+    }
+  }
+
+  void msgBoxAnswersEnterAndEscape() {
+    // Button set, key (0: the box is closed by other means), answer.
+    const int cases[][3] = {{4, Qt::Key_Escape, 7}, {4, Qt::Key_Return, 6}, {4, 0, 7}, {0, Qt::Key_Escape, 1},
+                            {0, Qt::Key_Return, 1}, {1, Qt::Key_Escape, 2}, {1, Qt::Key_Enter, 1}};
+    frmMsgBox::testAnswer = nullptr;  // the real box
+    for (const auto& [nButtons, key, answer] : cases) {
+      frmMsgBox box(&s_->w, 24 * 499);
+      box.Setup("Go on?", static_cast<int16_t>(nButtons), "Question");
+      InNextDialog<frmMsgBox>([key](frmMsgBox& d) {
+        if (key == 0) d.close();
+        else QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
+      });
+      QVERIFY2(box.ShowModal() == answer, qPrintable(QStringLiteral("set %1, key %2").arg(nButtons).arg(key)));
+    }
+  }
+
+  // Help > Help opens the help on its first page; F1 in a dialog opens it over the dialog, where
+  // the dialog's modality leaves it usable.
+  void theHelp() {
+    s_->w.menHelpFile->trigger();  // the menu sends F1
+    QTRY_VERIFY(OpenHelp() != nullptr && OpenHelp()->browser->toPlainText().contains("How to play Skitterweb"));
+    QCOMPARE(OpenHelp()->browser->source().toString(), QStringLiteral("qrc:/help/index.html"));
+    OpenHelp()->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);  // gone, as once the loop turns
+    InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {
+      QTest::keyClick(&d, Qt::Key_F1);
+      QVERIFY(OpenHelp() != nullptr && OpenHelp()->parentWidget() == &d);
+      d.reject();
+    });
+    s_->w.menControls->trigger();
+  }
+
+  // A comment typed into Mark Debug Log and OK put a mark into the debug log.
+  void markDebugLog() {
+    s_->w.sw.menu.menUseDL_Click();
+    InNextDialog<swui::frmDebugMark>([](swui::frmDebugMark& d) {
+      QTest::keyClicks(d.txtComment, "odd crash at 3,4");
+      QTest::mouseClick(d.cmdOk, Qt::LeftButton);
+    });
+    s_->w.menMarkDL->trigger();
+    QVERIFY(uitest::ReadFile(sw::DebugLog::kFileName).contains("     --> odd crash at 3,4\r\n"));
+  }
+
+  // A key typed into a command's box swaps with the command that held it; Save Profile asks for a
+  // name in the selection dialog, and the profile is in force under it.
+  void controlsSwapAndSave() {
+    InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {
+      d.cmbKey[8]->setFocus();
+      QTest::keyClick(d.cmbKey[8]->lineEdit(), '2');  // Up takes 2 from Down, which takes 8
+      InNextDialog<swui::frmSelect>([](swui::frmSelect& select) {
+        QTest::keyClicks(select.cmbSelect->lineEdit(), "Swapped");
+        QTest::mouseClick(select.cmdOk, Qt::LeftButton);
+      });
+      QTest::mouseClick(d.cmdSaveProfile, Qt::LeftButton);
+      QTest::mouseClick(d.cmdOK, Qt::LeftButton);
+    });
+    s_->w.menControls->trigger();
+    const sw::OptionProfile& op = s_->w.sw.opts.Current();
+    const sw::ControlProfile& cp = op.cpProfile.at(static_cast<size_t>(op.nProfile));
+    QVERIFY(cp.szName == "Swapped" && cp.CPMoveUp == '2' && cp.CPMoveDown == '8');
+  }
+
+  // A score that earns a place opens the lists on its row, the caret in it; a name and Enter keep
+  // the lists up, on Done, and the name goes into the file.
+  void webmasterListsTakeAName() {
+    s_->w.sw.score.glScore = 1200;
+    s_->w.sw.game.gnSitesHit = 1;
+    InNextDialog<swui::frmHighScore>([](swui::frmHighScore& d) {
+      QCOMPARE(d.focusWidget(), d.txtName[1]);
+      QTest::keyClicks(d.txtName[1], "Whisk Fan");
+      QTest::keyClick(d.txtName[1], Qt::Key_Return);
+      QVERIFY(d.isVisible() && d.focusWidget() == d.cmdDone);
+      QTest::mouseClick(d.cmdDone, Qt::LeftButton);
+    });
+    s_->w.sw.webmasters.CheckHighScore();
+    s_->w.sw.hs.ClearAll();
+    s_->w.sw.hs.LoadHighScores();
+    QCOMPARE(s_->w.sw.hs.Entry(sw::HighScores::kAllTime, 2, 1).szName, std::string("Whisk Fan"));
+  }
+};
+
+QTEST_MAIN(TestDialogs)
+#include "tst_Dialogs.moc"
