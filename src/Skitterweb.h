@@ -9,7 +9,9 @@
 #include "game/GameState.h"
 #include "game/MainMenu.h"
 #include "game/MainWindow.h"
+#include "game/Review.h"
 #include "game/Shell.h"
+#include "game/TurnSummary.h"
 #include "options/Options.h"
 #include "options/CommandListDialog.h"
 #include "options/OptionsFile.h"
@@ -42,6 +44,8 @@ class Skitterweb {
   DebugMarkDialog mark{opts, dbg, frmMain};
   SelectDialog select{dbg, shell, frmMain};
   CommandListDialog controls{opts, dbg, shell, select, frmMain};
+  TurnSummary news{game, engine, frmMain};  // the key handler, with the news of each turn
+  Review review{game, frmMain};             // the review keys' cursor
   MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, webmasters, engine, mark, controls, frmMain};
 };
 

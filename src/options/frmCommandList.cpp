@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "ui/Accessible.h"
+
 namespace swui {
 
 namespace {
@@ -48,9 +50,14 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
     const auto& key = sw::CommandListDialog::kKeys[static_cast<size_t>(i)];
     lblKey[i] = new QLabel(tr(key.szLabel), pad);
     lblKey[i]->setToolTip(tr(key.szTip));
-    cmbKey[i] = new QComboBox(pad);
+    cmbKey[i] = new KeyBox(pad);
     cmbKey[i]->setObjectName(QStringLiteral("cmbKey(%1)").arg(i));
     cmbKey[i]->setEditable(true);
+    // Named by its command as the label reads ("Up/Left"); Redraw describes it by its key.
+    QString command = lblKey[i]->text();
+    if (command.endsWith(QLatin1Char(':'))) command.chop(1);
+    cmbKey[i]->setAccessibleName(command);
+    cmbKey[i]->lineEdit()->setAccessibleName(command);
     cmbKey[i]->setInsertPolicy(QComboBox::NoInsert);
     cmbKey[i]->setToolTip(tr(key.szTip));
     cmbKey[i]->setFixedWidth(comboWidth);
@@ -178,6 +185,11 @@ void frmCommandList::Redraw() {
     cmbKey[i]->setCurrentIndex(c.nListIndex);
     cmbKey[i]->setEditText(QString::fromStdString(c.text));
     if (cmbKey[i]->hasFocus()) cmbKey[i]->lineEdit()->selectAll();
+    const QString key = cmbKey[i]->currentText();
+    if (cmbKey[i]->accessibleDescription() != key) {
+      cmbKey[i]->setAccessibleDescription(key);
+      cmbKey[i]->lineEdit()->setAccessibleDescription(key);
+    }
   }
   cmdSaveProfile->setEnabled(model_.bSaveEnabled);
   cmdDelProfile->setEnabled(model_.bDelEnabled);

@@ -1,7 +1,8 @@
 #pragma once
 // grdMap: the map grid, one picture per cell. Pictures are the SVG templates
 // rendered at the screen's device pixel ratio, so they stay crisp at any
-// scale. The board takes no keyboard focus.
+// scale. The board takes the keyboard focus, so that a screen reader finds
+// the player there, and passes the keys on to the main window.
 #include <QHash>
 #include <QPixmap>
 #include <QWidget>
@@ -26,7 +27,7 @@ class PictureSet {
   QImage FromSvg(sw::Picture pic, int device) const;
   // How many times an SVG file has been read so far.
   int SvgReads() const { return svgReads_; }
-  // What a cell shows, in words ("virus", "Whisk facing up", "" for an empty cell).
+  // What a cell shows, in words ("Whisk", "virus", "empty").
   static QString AccessibleText(sw::Picture pic);
 
  private:
@@ -55,7 +56,7 @@ class MapGrid : public QWidget {
   void SetPicture(int col, int row, sw::Picture pic);
   const PictureSet& Pictures() const { return pictures_; }
   sw::Picture PictureAt(int col, int row) const;
-  // What a cell shows, in words, for assistive technology.
+  // What a cell shows, in words: its accessible name.
   QString CellText(int col, int row) const { return PictureSet::AccessibleText(PictureAt(col, row)); }
   // Where a cell is drawn, in the board's coordinates.
   QRect CellRect(int col, int row) const;
@@ -71,6 +72,12 @@ class MapGrid : public QWidget {
  private:
   QPoint Origin() const;
   void PaintArea(QPainter& p, const QRect& dirty);
+  // Tells assistive technology which cells changed since it was last told, once the
+  // turn's drawing is done: a cell redrawn with what it held is no change.
+  void ReportChanges();
+
+  std::vector<sw::Picture> reported_;
+  bool reportDue_ = false;
 
   const PictureSet& pictures_;
   std::vector<sw::Picture> cells_;
