@@ -6,13 +6,14 @@
 #include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
 #include "game/Game.h"
-#include "game/GameState.h"
+#include "runtime/GameState.h"
 #include "game/MainMenu.h"
-#include "game/MainWindow.h"
 #include "game/Review.h"
-#include "game/Shell.h"
+#include "game/StateDump.h"
 #include "game/TurnSummary.h"
-#include "options/Options.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "options/CommandListDialog.h"
 #include "options/OptionsFile.h"
 #include "options/SelectDialog.h"
@@ -38,7 +39,8 @@ class Skitterweb {
   Score score{game, opts, dbg, shell, frmMain};
   HighScores hs{game, opts, dbg, shell, score};
   HighScoreDialog webmasters{opts, dbg, shell, hs, frmMain};
-  DebugSession session{game, opts, dbg, shell, score, hs, frmMain};
+  DebugSession session{opts, dbg, shell, frmMain};
+  StateDump dump{game, opts, dbg, shell, score, hs};
   OptionsFile optsFile{opts, dbg, session, shell, frmMain};
   Game engine{game, opts, dbg, shell, score, hs, webmasters, rnd, frmMain};
   DebugMarkDialog mark{opts, dbg, frmMain};
@@ -46,7 +48,7 @@ class Skitterweb {
   CommandListDialog controls{opts, dbg, shell, select, frmMain};
   TurnSummary news{game, engine, frmMain};  // the key handler, with the news of each turn
   Review review{game, frmMain};             // the review keys' cursor
-  MainMenu menu{game, opts, optsFile, dbg, session, shell, score, hs, webmasters, engine, mark, controls, frmMain};
+  MainMenu menu{game, opts, optsFile, dbg, session, dump, shell, score, hs, webmasters, engine, mark, controls, frmMain};
 };
 
 }  // namespace sw

@@ -3,8 +3,8 @@
 #include <cstdio>
 #include <ctime>
 
-#include "game/GameState.h"
-#include "options/Options.h"
+#include "runtime/GameState.h"
+#include "runtime/Options.h"
 #include "runtime/Files.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"

@@ -8,69 +8,14 @@
 #include <string>
 #include <utility>
 
-#include "runtime/Value.h"
+#include "runtime/Trace.h"
 
 namespace sw {
 
 class Options;
 struct GameState;
 
-// What a procedure hands to the debug log. An empty name marks a free slot.
-// Records are built in one expression, each call taking the next free slot:
-//   Trace("CheckVirus").In("ctPos", ctPos.Text()).Var("gctVirusPos - index", n)
-// A name beyond the third of its kind has no slot and is dropped.
-struct TraceRecord {
-  std::string szProc;
-  bool bBegin = false;
-  std::array<std::string, 3> szInName;
-  std::array<Value, 3> vInValue;
-  std::string szReturnName;
-  Value vReturnValue;
-  std::array<std::string, 3> szVarName;
-  std::array<Value, 3> vVarValue;
-  std::string szComment;
-
-  TraceRecord& In(std::string name, Value value) {
-    return Fill(szInName, vInValue, std::move(name), std::move(value));
-  }
-  TraceRecord& Var(std::string name, Value value) {
-    return Fill(szVarName, vVarValue, std::move(name), std::move(value));
-  }
-  TraceRecord& Ret(std::string name, Value value) {
-    szReturnName = std::move(name);
-    vReturnValue = std::move(value);
-    return *this;
-  }
-  TraceRecord& Note(std::string comment) {
-    szComment = std::move(comment);
-    return *this;
-  }
-  TraceRecord& Begin(bool b = true) {
-    bBegin = b;
-    return *this;
-  }
-
- private:
-  TraceRecord& Fill(std::array<std::string, 3>& names, std::array<Value, 3>& values, std::string name, Value value) {
-    for (size_t i = 0; i < names.size(); ++i) {
-      if (names[i].empty()) {
-        names[i] = std::move(name);
-        values[i] = std::move(value);
-        break;
-      }
-    }
-    return *this;
-  }
-};
-
-// A record for the procedure, to be filled by the calls above.
-inline TraceRecord Trace(std::string proc) {
-  TraceRecord rec;
-  rec.szProc = std::move(proc);
-  return rec;
-}
-
-class DebugLog {
+class DebugLog : public TraceLog {
  public:
   static constexpr const char* kFileName = "SWDebug.log";
   static constexpr const char* kVersion = "1.14";
@@ -81,12 +26,12 @@ class DebugLog {
   DebugLog& operator=(const DebugLog&) = delete;
 
   // True when the current player's debug flag is set (the test every procedure makes).
-  bool On() const;
+  bool On() const override;
 
   // The text of a trace line (and its comment line, if any), without the separators.
   static std::string TraceLines(const TraceRecord& rec);
 
-  void DebugWrite(const TraceRecord& rec, bool bMark = false, bool bDumpAll = false);
+  void DebugWrite(const TraceRecord& rec, bool bMark = false, bool bDumpAll = false) override;
   void DebugMark(int16_t nType);
   // Opens file 1 (truncated when bClear, else for appending) and writes the
   // header; false when the file cannot be opened.

@@ -1,8 +1,8 @@
 #include "debuglog/DebugMarkDialog.h"
 
 #include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "options/Options.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Options.h"
 
 namespace sw {
 

@@ -1,21 +1,16 @@
 #include "debuglog/DebugSession.h"
 
 #include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "runtime/Files.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
 
-DebugSession::DebugSession(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score,
-                           HighScores& hs, IMainWindow& frmMain)
-    : game(game), opts(opts), dbg(dbg), shell(shell), score(score), hs(hs), frmMain(frmMain) {
-  dbg.dumpState = [this] { DebugWriteAll(); };
-}
-
-DebugSession::~DebugSession() { dbg.dumpState = nullptr; }
+DebugSession::DebugSession(Options& opts, DebugLog& dbg, Shell& shell, IMainWindow& frmMain)
+    : opts(opts), dbg(dbg), shell(shell), frmMain(frmMain) {}
 
 void DebugSession::DebugOpen(bool bClear, bool bQuiet) {
   if (dbg.OpenFile(bClear)) return;

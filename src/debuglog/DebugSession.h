@@ -1,24 +1,18 @@
 #pragma once
 // The debug log as the player meets it: opening it (with a message when that
-// fails), clearing it, closing it with the choice to keep it, and the state
-// dump that marks and the menu write into it.
+// fails), clearing it, and closing it with the choice to keep it.
 #include <cstdint>
 
 namespace sw {
 
-struct GameState;
 class Options;
 class DebugLog;
 class Shell;
-class Score;
-class HighScores;
 class IMainWindow;
 
 class DebugSession {
  public:
-  DebugSession(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs,
-               IMainWindow& frmMain);
-  ~DebugSession();
+  DebugSession(Options& opts, DebugLog& dbg, Shell& shell, IMainWindow& frmMain);
   DebugSession(const DebugSession&) = delete;
   DebugSession& operator=(const DebugSession&) = delete;
 
@@ -30,16 +24,11 @@ class DebugSession {
   void DebugClear();
   // After the log is closed: asks whether to keep it, and deletes it if not.
   void DebugClose();
-  // The whole game state, section by section (StateDump.cpp).
-  void DebugWriteAll();
 
  private:
-  GameState& game;
   Options& opts;
   DebugLog& dbg;
   Shell& shell;
-  Score& score;
-  HighScores& hs;
   IMainWindow& frmMain;
 };
 

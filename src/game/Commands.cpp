@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "debuglog/DebugLog.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 
 #include "game/Game.h"
 #include "runtime/Checked.h"

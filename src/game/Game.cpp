@@ -5,7 +5,7 @@
 #include <cmath>
 
 #include "debuglog/DebugLog.h"
-#include "options/Options.h"
+#include "runtime/Options.h"
 #include "runtime/NumText.h"
 #include "runtime/Random.h"
 

@@ -5,9 +5,9 @@
 #include <optional>
 #include <string>
 
-#include "game/Difficulty.h"
-#include "game/GameState.h"
-#include "game/MainWindow.h"
+#include "runtime/Difficulty.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
 
 namespace sw {
 

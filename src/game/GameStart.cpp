@@ -4,8 +4,8 @@
 #include "game/Game.h"
 
 #include "debuglog/DebugLog.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "runtime/Checked.h"
 #include "runtime/Random.h"
 #include "scoring/HighScores.h"

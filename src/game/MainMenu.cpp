@@ -3,13 +3,14 @@
 #include "debuglog/DebugLog.h"
 #include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
-#include "game/Difficulty.h"
+#include "runtime/Difficulty.h"
 #include "game/Game.h"
-#include "game/GameState.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
+#include "game/StateDump.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
 #include "options/CommandListDialog.h"
-#include "options/Options.h"
+#include "runtime/Options.h"
 #include "options/OptionsFile.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
@@ -27,10 +28,11 @@ Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::
 }  // namespace
 
 MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
-                   Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine,
-                   DebugMarkDialog& mark, CommandListDialog& controls, IMainWindow& frmMain)
-    : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), shell(shell), score(score), hs(hs),
-      webmasters(webmasters), engine(engine), mark(mark), controls(controls), frmMain(frmMain) {}
+                   StateDump& dump, Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters,
+                   Game& engine, DebugMarkDialog& mark, CommandListDialog& controls, IMainWindow& frmMain)
+    : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), dump(dump), shell(shell),
+      score(score), hs(hs), webmasters(webmasters), engine(engine), mark(mark), controls(controls),
+      frmMain(frmMain) {}
 
 void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   try {
@@ -278,7 +280,7 @@ void MainMenu::menUseDL_Click() {
     op.bDebug = -1;
     session.DebugOpen(false, true);
     if (opts.Current().bDebug) {
-      session.DebugWriteAll();
+      dump.DebugWriteAll();
       shell.PlaySound("comp-option change.mp3");
     }
   });

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "game/GameState.h"
-#include "game/MainWindow.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
 
 namespace sw {
 

@@ -2,7 +2,7 @@
 // a site won.
 #include "game/Game.h"
 #include "debuglog/DebugLog.h"
-#include "game/Shell.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScoreDialog.h"
 #include "scoring/Score.h"
 #include "runtime/Checked.h"

@@ -4,9 +4,9 @@
 #include <cctype>
 
 #include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "options/SelectDialog.h"
 
 namespace sw {

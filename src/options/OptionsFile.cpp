@@ -7,10 +7,10 @@
 #include <new>
 
 #include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
 #include "debuglog/DebugSession.h"
-#include "options/Options.h"
+#include "runtime/Options.h"
 #include "options/OptionsFile.h"
 #include "runtime/Checked.h"
 #include "runtime/Files.h"

@@ -4,8 +4,8 @@
 #include <cctype>
 
 #include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
 
 namespace sw {
 

@@ -3,9 +3,9 @@
 #include "scoring/HighScores.h"
 
 #include "debuglog/DebugLog.h"
-#include "game/GameState.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/GameState.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "scoring/Score.h"
 #include "runtime/RuntimeError.h"
 

@@ -2,11 +2,11 @@
 #include "scoring/Score.h"
 
 #include "debuglog/DebugLog.h"
-#include "game/Difficulty.h"
-#include "game/GameState.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/Difficulty.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "runtime/Checked.h"
 #include "runtime/NumText.h"
 

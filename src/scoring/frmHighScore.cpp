@@ -12,7 +12,7 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "game/Difficulty.h"
+#include "runtime/Difficulty.h"
 
 namespace swui {
 

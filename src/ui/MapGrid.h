@@ -8,7 +8,7 @@
 #include <QWidget>
 #include <vector>
 
-#include "game/MainWindow.h"
+#include "runtime/MainWindow.h"
 
 class QPainter;
 

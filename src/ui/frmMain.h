@@ -13,7 +13,7 @@
 #include <optional>
 #include <vector>
 
-#include "game/MainWindow.h"
+#include "runtime/MainWindow.h"
 #include "Skitterweb.h"
 #include "ui/MapGrid.h"
 #include "ui/Sound.h"

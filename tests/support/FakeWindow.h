@@ -9,7 +9,7 @@
 #include <utility>
 #include <vector>
 
-#include "game/MainWindow.h"
+#include "runtime/MainWindow.h"
 
 namespace sw::test {
 

@@ -1,13 +1,12 @@
-// The state dump: options, the selected commands, the score and the game,
-// one labelled line each.
+#include "game/StateDump.h"
+
 #include <string>
 
 #include "debuglog/DebugLog.h"
-#include "debuglog/DebugSession.h"
-#include "game/GameState.h"
-#include "game/MainWindow.h"
-#include "game/Shell.h"
-#include "options/Options.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Shell.h"
+#include "runtime/Options.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
 #include "scoring/HighScores.h"
@@ -47,7 +46,14 @@ const char* const kCommandLabels[17] = {
 
 }  // namespace
 
-void DebugSession::DebugWriteAll() {
+StateDump::StateDump(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs)
+    : game(game), opts(opts), dbg(dbg), shell(shell), score(score), hs(hs) {
+  dbg.dumpState = [this] { DebugWriteAll(); };
+}
+
+StateDump::~StateDump() { dbg.dumpState = nullptr; }
+
+void StateDump::DebugWriteAll() {
   auto put = [this](const std::string& line) { dbg.Print(line); };
   put("Begin: DebugWriteAll");
   try {

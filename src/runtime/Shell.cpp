@@ -1,15 +1,15 @@
-#include "game/Shell.h"
+#include "runtime/Shell.h"
 
-#include "debuglog/DebugLog.h"
-#include "game/MainWindow.h"
-#include "game/GameState.h"
-#include "options/Options.h"
+#include "runtime/MainWindow.h"
+#include "runtime/GameState.h"
+#include "runtime/Options.h"
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Trace.h"
 
 namespace sw {
 
-Shell::Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain)
+Shell::Shell(GameState& game, Options& opts, TraceLog& dbg, IMainWindow& frmMain)
     : game(game), opts(opts), dbg(dbg), frmMain(frmMain) {}
 
 Shell::Pause::Pause(Shell& shell) : shell_(shell) {

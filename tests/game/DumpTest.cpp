@@ -35,7 +35,7 @@ TEST(StateDump, SectionsLabelsAndObjects) {
   b.g.pbrNetLag.BarColor = color::Red;
   b.g.gnColorLag = 2;
   const size_t start = Slurp(DebugLog::kFileName).size();
-  b.sw.session.DebugWriteAll();
+  b.sw.dump.DebugWriteAll();
   const std::vector<std::string> dump = LinesAfter(Slurp(DebugLog::kFileName), start);
   ASSERT_GE(dump.size(), 50u);
   EXPECT_EQ(dump.front(), "Begin: DebugWriteAll");
@@ -56,7 +56,7 @@ TEST(StateDump, SectionsLabelsAndObjects) {
   b.sc.AddScoreMesg("first", "", 0, "t");
   b.sc.AddScoreMesg("second", "", 0, "t");
   const size_t again = Slurp(DebugLog::kFileName).size();
-  b.sw.session.DebugWriteAll();
+  b.sw.dump.DebugWriteAll();
   const std::vector<std::string> two = LinesAfter(Slurp(DebugLog::kFileName), again);
   EXPECT_TRUE(Has(two, "Pending Score Messages=2") && Has(two, "Message(1)=first") && Has(two, "Message(2)=second"));
 }

@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <string>
 
-#include "game/GameState.h"
+#include "runtime/GameState.h"
 
 namespace sw {
 

@@ -8,13 +8,13 @@ namespace sw {
 
 struct GameState;
 class Options;
-class DebugLog;
+class TraceLog;
 class IMainWindow;
 class RuntimeError;
 
 class Shell {
  public:
-  Shell(GameState& game, Options& opts, DebugLog& dbg, IMainWindow& frmMain);
+  Shell(GameState& game, Options& opts, TraceLog& dbg, IMainWindow& frmMain);
 
   int16_t gnMsgReturn = 0;  // the answer of the last message box: 1 OK, 2 Cancel, 6 Yes, 7 No
 
@@ -52,7 +52,7 @@ class Shell {
  private:
   GameState& game;
   Options& opts;
-  DebugLog& dbg;
+  TraceLog& dbg;
   IMainWindow& frmMain;
   int pauses_ = 0;  // the Pauses alive
 };

@@ -1,4 +1,4 @@
-#include "options/Options.h"
+#include "runtime/Options.h"
 
 #include "runtime/Checked.h"
 #include "runtime/RuntimeError.h"
