@@ -44,6 +44,7 @@ TurnView TurnView::Of(const GameState& game) {
   v.nSitesHit = game.gnSitesHit;
   v.nGameNum = game.gnGameNum;
   v.bGameOn = game.gbGameOn != 0;
+  v.bEndSite = game.gbEndSite != 0;
   v.lag = LagTierWord(game.pbrNetLag);
   return v;
 }
@@ -55,9 +56,11 @@ std::string Summarize(const TurnView& before, const TurnView& after) {
   const bool newGame = after.nGameNum != before.nGameNum;
   const bool gameOver = newGame || (before.bGameOn && !after.bGameOn);
   const bool siteHit = !gameOver && after.nSitesHit > before.nSitesHit;
-  // A death lays the same site out again: a reconnect fewer, and the viruses back to full strength.
+  // A death ends the site and lays it out again: a reconnect fewer (unless the same turn earned
+  // one), the viruses back to full strength.
   const bool died = !gameOver && !siteHit &&
-                    (after.nReconnects < before.nReconnects || after.viruses.size() > before.viruses.size());
+                    ((!before.bEndSite && after.bEndSite) || after.nReconnects < before.nReconnects ||
+                     after.viruses.size() > before.viruses.size());
   const bool laidOut = newGame || siteHit || died;
   if (gameOver) parts.emplace_back("Game over");
   if (newGame) parts.emplace_back("New game");

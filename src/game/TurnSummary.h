@@ -25,6 +25,7 @@ struct TurnView {
   int16_t nSitesHit = 0;
   int16_t nGameNum = 0;
   bool bGameOn = false;
+  bool bEndSite = false;  // the site is over, or not started: no command has run on it yet
   std::string lag;  // LagTierWord
   bool operator==(const TurnView&) const = default;
 

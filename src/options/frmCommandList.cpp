@@ -1,6 +1,7 @@
 #include "options/frmCommandList.h"
 
-#include <QComboBox>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -9,8 +10,6 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
-
-#include "ui/Accessible.h"
 
 namespace swui {
 
@@ -21,7 +20,26 @@ constexpr std::array<std::pair<int, int>, 11> kCell = {{
     {3, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 0}, {1, 1}, {1, 2}, {0, 0}, {0, 1}, {0, 2}, {3, 2},
 }};
 
+class KeyBoxAccessible : public QAccessibleWidget {
+ public:
+  explicit KeyBoxAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
+  QString text(QAccessible::Text t) const override {
+    if (t == QAccessible::Value) return static_cast<QComboBox*>(widget())->currentText();
+    return QAccessibleWidget::text(t);
+  }
+};
+
+QAccessibleInterface* KeyBoxFactory(const QString& className, QObject* object) {
+  if (className != QLatin1String("swui::KeyBox") || object == nullptr) return nullptr;
+  return new KeyBoxAccessible(static_cast<KeyBox*>(object));
+}
+
 }  // namespace
+
+KeyBox::KeyBox(QWidget* parent) : QComboBox(parent) {
+  static const bool installed = (QAccessible::installFactory(KeyBoxFactory), true);
+  (void)installed;
+}
 
 frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : QDialog(parent), model_(model) {
   setObjectName("frmCommandList");

@@ -68,7 +68,7 @@ class CellAccessible : public QAccessibleInterface, public QAccessibleTableCellI
 // and kept for as long as the board lives, so that each keeps its identity.
 class BoardAccessible : public QAccessibleWidget, public QAccessibleTableInterface {
  public:
-  explicit BoardAccessible(MapGrid* grid) : QAccessibleWidget(grid, QAccessible::Table) {}
+  explicit BoardAccessible(MapGrid* grid) : QAccessibleWidget(grid, QAccessible::Table) { grid->StartReporting(); }
   ~BoardAccessible() override {
     for (QAccessible::Id id : std::as_const(cells_)) QAccessible::deleteAccessibleInterface(id);
   }
@@ -150,17 +150,6 @@ class ProgBarAccessible : public QAccessibleWidget, public QAccessibleValueInter
   QVariant minimumStepSize() const override { return 1; }
 };
 
-// A key box: the combo's own accessible name is its text on this platform, so this
-// one says what the box is for, and its description which key it holds.
-class KeyBoxAccessible : public QAccessibleWidget {
- public:
-  explicit KeyBoxAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
-  QString text(QAccessible::Text t) const override {
-    if (t == QAccessible::Value) return static_cast<QComboBox*>(widget())->currentText();
-    return QAccessibleWidget::text(t);
-  }
-};
-
 // The announcer: a notification named by the last text it said.
 class AnnouncerAccessible : public QAccessibleWidget {
  public:
@@ -176,7 +165,6 @@ QAccessibleInterface* Factory(const QString& className, QObject* object) {
   auto* w = static_cast<QWidget*>(object);
   if (className == QLatin1String("swui::MapGrid")) return new BoardAccessible(static_cast<MapGrid*>(w));
   if (className == QLatin1String("swui::ProgBar")) return new ProgBarAccessible(static_cast<ProgBar*>(w));
-  if (className == QLatin1String("swui::KeyBox")) return new KeyBoxAccessible(static_cast<QComboBox*>(w));
   if (className == QLatin1String("swui::Announcer")) return new AnnouncerAccessible(static_cast<Announcer*>(w));
   // The game's message box is read as an alert, its text with it.
   if (className == QLatin1String("swui::frmMsgBox")) return new QAccessibleWidget(w, QAccessible::AlertMessage);
@@ -193,19 +181,20 @@ void InstallAccessibility() {
   (void)installed;
 }
 
-KeyBox::KeyBox(QWidget* parent) : QComboBox(parent) { InstallAccessibility(); }
-
 Announcer::Announcer(QWidget* parent) : QWidget(parent) {
   InstallAccessibility();
   setFocusPolicy(Qt::NoFocus);
   setAttribute(Qt::WA_TransparentForMouseEvents);
   setFixedSize(1, 1);
+  hide();  // until it has something to say: an empty notification would be read too
 }
 
 void Announcer::Say(const QString& text) {
   text_ = text;
-  // A notification is read as it appears: each text appears anew.
-  if (QAccessible::isActive()) {
+  // A notification is read as it appears: the first text appears with it, each later one anew.
+  if (isHidden()) {
+    show();
+  } else if (QAccessible::isActive()) {
     QAccessibleEvent shown(this, QAccessible::ObjectShow);
     QAccessible::updateAccessibility(&shown);
   }

@@ -1,9 +1,8 @@
 #pragma once
 // What the window says to assistive technology (a screen reader, through
 // AT-SPI on Linux): the board as a table of named cells, the net-lag bar as a
-// progress bar, the key boxes of the Controls dialog by their commands, the
-// message box as an alert, and the announcer that speaks the news of a turn.
-#include <QComboBox>
+// progress bar, the message box as an alert, and the announcer that speaks the
+// news of a turn.
 #include <QString>
 #include <QWidget>
 
@@ -11,13 +10,6 @@ namespace swui {
 
 // Makes the game's controls known to Qt's accessibility; safe to call any number of times.
 void InstallAccessibility();
-
-// A key box of the Controls dialog: named by its command, described by the key it holds.
-class KeyBox : public QComboBox {
-  Q_OBJECT
- public:
-  explicit KeyBox(QWidget* parent = nullptr);
-};
 
 // Speaks short texts without taking the focus: a notification that the screen reader
 // reads as it appears. It takes no room and draws nothing.

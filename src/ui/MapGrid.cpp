@@ -8,7 +8,6 @@
 
 #include "game/Review.h"
 #include "ui/Accessible.h"
-
 #include "ui/Colors.h"
 #include "ui/PictureRender.h"
 #include "ui/Prerendered.h"
@@ -80,8 +79,6 @@ QPixmap PictureSet::Pixmap(sw::Picture pic, int size, qreal dpr) const {
   return pm;
 }
 
-QString PictureSet::AccessibleText(sw::Picture pic) { return QString::fromStdString(sw::PictureWord(pic)); }
-
 MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {
   InstallAccessibility();
   setObjectName("grdMap");
@@ -118,10 +115,16 @@ void MapGrid::SetPicture(int col, int row, sw::Picture pic) {
   if (cell == pic) return;
   cell = pic;
   update(CellRect(col, row));
-  if (!reportDue_ && QAccessible::isActive()) {
+  if (reporting_ && !reportDue_) {
     reportDue_ = true;
     QTimer::singleShot(0, this, &MapGrid::ReportChanges);
   }
+}
+
+void MapGrid::StartReporting() {
+  if (reporting_) return;
+  reporting_ = true;
+  reported_ = cells_;
 }
 
 void MapGrid::ReportChanges() {

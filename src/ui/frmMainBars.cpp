@@ -253,6 +253,7 @@ void frmMain::BuildInfoBar() {
   for (const auto& [shp, lbl] : powerUps) {
     if (!first) puRow->addStretch(1);
     first = false;
+    shp->setAccessibleName(lbl->text() + tr(" status"));  // the shape beside the power-up's caption
     puRow->addWidget(shp);
     puRow->addWidget(lbl);
   }

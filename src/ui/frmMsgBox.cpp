@@ -123,9 +123,8 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
   lblTitleTest->setText(szTitle);
   lblMesg->setText(text);
   lblMesg->setAccessibleName(text);
-  // Read as an alert: its title, then its text.
+  // Read as an alert: its title, then the text of its label.
   setAccessibleName(szTitle);
-  setAccessibleDescription(text);
 
   // The label sizes itself to its text, one line high when empty.
   const int lineHeight = lblMesg->fontMetrics().height();

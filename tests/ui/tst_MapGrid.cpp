@@ -1,5 +1,7 @@
 // The board: a move repaints only the cells that changed, and what is painted
-// is the backdrop (board and grid lines) with the pictures on top.
+// is the backdrop (board and grid lines) with the pictures on top; a screen
+// reader reads it as a table of named cells.
+#include <QAccessible>
 #include <QApplication>
 #include <QPaintEvent>
 #include <QTest>
@@ -24,6 +26,7 @@ struct PaintLog : QObject {
 };
 
 QColor At(const QImage& img, QPoint p) { return img.pixelColor(p); }
+
 
 }  // namespace
 
@@ -64,7 +67,23 @@ class TestMapGrid : public QObject {
     QVERIFY(log.regions.isEmpty());
     QCOMPARE(g.PictureAt(4, 2), Picture::Player6);
     QCOMPARE(g.PictureAt(99, 2), Picture::None);
-    QCOMPARE(g.CellText(4, 2), QStringLiteral("Whisk facing right"));
+  }
+
+  void readAsATableOfNamedCells() {
+    MapGrid g(pictures_);
+    Setup(g);
+    g.SetPicture(3, 2, Picture::Virus);
+    QAccessibleInterface* board = QAccessible::queryAccessibleInterface(&g);
+    QCOMPARE(board->role(), QAccessible::Table);
+    QAccessibleTableInterface* table = board->tableInterface();
+    QCOMPARE(std::pair(table->rowCount(), table->columnCount()), std::pair(14, 24));
+    QCOMPARE(board->childCount(), 14 * 24);
+    QAccessibleInterface* cell = table->cellAt(2, 3);
+    QCOMPARE(cell->role(), QAccessible::Cell);
+    QCOMPARE(cell->text(QAccessible::Name), QStringLiteral("virus"));
+    QCOMPARE(board->child(2 * 24 + 3), cell);
+    QCOMPARE(board->indexOfChild(cell), 2 * 24 + 3);
+    QCOMPARE(table->cellAt(2, 4)->text(QAccessible::Name), QStringLiteral("empty"));
   }
 
   // What the build drew ahead is what the SVG gives now, pixel for pixel; other sizes come from the SVG.

@@ -1,5 +1,6 @@
 // The main window: start-up, typed keys running turns and redrawing the map,
 // the information bar, the commands that ask first, and closing.
+#include <QAccessible>
 #include <QApplication>
 #include <QTest>
 
@@ -23,17 +24,19 @@ Picture Expected(const sw::GameState& g, int col, int row) {
   return Picture::None;
 }
 
-QString CellText(const frmMain& w, int col, int row) {
-  return w.grdMap->CellText(col, row);
+// What a screen reader reads in a cell of the board: its name, and its description.
+QString CellText(const frmMain& w, int col, int row, QAccessible::Text t = QAccessible::Name) {
+  QAccessibleTableInterface* table = QAccessible::queryAccessibleInterface(w.grdMap)->tableInterface();
+  return table->cellAt(row, col)->text(t);
 }
 
-// Every cell's picture and accessible text agree with the model; returns the first mismatch.
+// Every cell's picture and accessible name agree with the model; returns the first mismatch.
 QString MapMismatch(const frmMain& w) {
   const sw::GameState& g = w.sw.game;
   for (int r = 0; r < g.gnMapRows; ++r)
     for (int c = 0; c < g.gnMapCols; ++c) {
       const Picture want = Expected(g, c, r), got = w.grdMap->PictureAt(c, r);
-      if (got != want || CellText(w, c, r) != swui::PictureSet::AccessibleText(want))
+      if (got != want || CellText(w, c, r).toStdString() != sw::PictureWord(want))
         return QStringLiteral("cell %1,%2 shows %3 '%4', model wants %5")
             .arg(c).arg(r).arg(static_cast<int>(got)).arg(CellText(w, c, r)).arg(static_cast<int>(want));
     }
@@ -91,26 +94,29 @@ class TestFrmMain : public QObject {
     QVERIFY(w.menDiffLevel[2]->isChecked() && !w.menDiffLevel[1]->isChecked());
     QCOMPARE(w.lblVirus->text(), QStringLiteral("7"));
     QCOMPARE(w.pbrNetLag->Max(), 13);
-    for (QLabel* l : w.pctInfoBar->findChildren<QLabel*>()) QCOMPARE(l->accessibleName(), l->text());
+    // A counter is read with its caption.
+    for (QLabel* l : w.pctInfoBar->findChildren<QLabel*>()) QVERIFY(l->accessibleName().endsWith(l->text()));
+    QCOMPARE(w.lblVirus->accessibleName(), QStringLiteral("Viruses: 7"));
   }
 
   void typedKeyRunsATurnAndRedraws() {
     frmMain& w = s_->w;
     const sw::GameState& g = w.sw.game;
     QuietBoard(w);
-    // The keys go to the window, never to the grid.
+    // The board holds the focus, and passes the keys on to the window.
     QApplication::setActiveWindow(&w);
-    QWidget* target = QApplication::focusWidget() != nullptr ? QApplication::focusWidget() : &w;
-    QCOMPARE(target, static_cast<QWidget*>(&w));
+    QWidget* target = QApplication::focusWidget();
+    QCOMPARE(target, static_cast<QWidget*>(w.grdMap));
     QTest::keyClick(target, Qt::Key_6, Qt::KeypadModifier);  // Number Pad: 6 moves right
     QCOMPARE(g.gctPlayerPos, (sw::CoordPair{6, 5}));
     QVERIFY(!(g.gctVirusPos[1] == (sw::CoordPair{20, 10})));  // the virus answered
     QCOMPARE(MapMismatch(w), QString());
-    QCOMPARE(CellText(w, 6, 5), QStringLiteral("Whisk facing right"));
+    QCOMPARE(CellText(w, 6, 5) + ' ' + CellText(w, 6, 5, QAccessible::Description),
+             QStringLiteral("Whisk facing right"));
     // Up-left: the picture follows the facing.
-    QTest::keyClick(&w, Qt::Key_7, Qt::KeypadModifier);
+    QTest::keyClick(target, Qt::Key_7, Qt::KeypadModifier);
     QCOMPARE(g.gctPlayerPos, (sw::CoordPair{5, 4}));
-    QCOMPARE(CellText(w, 5, 4), QStringLiteral("Whisk facing up-left"));
+    QCOMPARE(CellText(w, 5, 4, QAccessible::Description), QStringLiteral("facing up-left"));
     QCOMPARE(MapMismatch(w), QString());
   }
 
@@ -144,7 +150,7 @@ class TestFrmMain : public QObject {
       w.sw.game.gnVirusLive = live;
       w.sw.engine.ShowVirusCount();
       QCOMPARE(w.lblVirus->palette().color(QPalette::WindowText), colour);
-      QCOMPARE(w.lblVirus->accessibleName(), QString::number(live));
+      QCOMPARE(w.lblVirus->accessibleName(), "Viruses: " + QString::number(live));
     }
   }
 
@@ -196,7 +202,7 @@ class TestFrmMain : public QObject {
     QTest::mouseClick(w.lblDiffT, Qt::RightButton);
     QCOMPARE(s_->boxes.shown.size(), size_t{2});
     QCOMPARE(w.sw.opts.Current().nDiff, int16_t{1});
-    QCOMPARE(w.lblDiff->accessibleName(), QStringLiteral("Easy"));
+    QCOMPARE(w.lblDiff->accessibleName(), QStringLiteral("Difficulty: Easy"));
     QVERIFY(w.menDiffLevel[1]->isChecked() && !w.menDiffLevel[4]->isChecked());
     QCOMPARE(w.sw.game.gnGameNum, static_cast<int16_t>(games + 1));
     // Neither the level in force nor any level during a timed pause asks or restarts.

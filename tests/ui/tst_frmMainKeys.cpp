@@ -1,5 +1,5 @@
 // The main window's keyboard: no turn inside a turn while a pause runs, the
-// number pad with Num Lock off, and Caps Lock.
+// number pad with Num Lock off, the review keys, and Caps Lock.
 #include <QAction>
 #include <QKeyEvent>
 #include <QTest>
@@ -7,6 +7,7 @@
 
 #include <csignal>
 
+#include "ui/Accessible.h"
 #include "ui/SignalEnd.h"
 #include "ui/UiTestSupport.h"
 #include "ui/frmMain.h"
@@ -52,6 +53,7 @@ class TestFrmMainKeys : public QObject {
 
   // During the pause of a wait, a nightmare move or a link, a refused menu
   // command (its sound pauses too) and then a move key: neither starts a turn.
+  // A review key still reads the board.
   void pausesKeepTurnsOut_data() {
     QTest::addColumn<int>("diff");
     QTest::addColumn<char>("key");
@@ -72,13 +74,17 @@ class TestFrmMainKeys : public QObject {
     else Board(w, {{20, 10}, {20, 2}});
     const int16_t games = w.sw.game.gnGameNum;
     bool bInside = false;
+    QString said;
     QTimer::singleShot(40, &w, [&] {
       bInside = w.sw.game.gbSleepOn != 0;
       w.menNewGame->trigger();
       QTest::keyClick(&w, '8');
+      QTest::keyClick(&w, Qt::Key_Home);
+      said = w.announcer->Text();
     });
     QTest::keyClick(&w, key);
     QVERIFY(bInside);
+    QVERIFY2(said.startsWith("Whisk at "), qPrintable(said));
     const QString log = uitest::ReadFile(sw::DebugLog::kFileName);
     QCOMPARE(Count(log, "{{ VirusTurn }}"), 1);
     QCOMPARE(Count(log, "KeyAscii=56 [8]"), 0);
@@ -162,8 +168,11 @@ class TestFrmMainKeys : public QObject {
     QTest::keyClick(&w, Qt::Key_Clear, Qt::KeypadModifier);  // 5: pause, the mouse stands
     QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{5, 5}));
     QCOMPARE(w.sw.game.gnMoveCount, movesBefore);
-    QTest::keyClick(&w, Qt::Key_Up);  // the arrow keys themselves are no game keys
+    // The arrow keys themselves are no game keys: they read the board.
+    QTest::keyClick(w.grdMap, Qt::Key_Up);
     QCOMPARE(w.sw.game.gctPlayerPos, (sw::CoordPair{5, 5}));
+    QCOMPARE(w.sw.game.gnMoveCount, movesBefore);
+    QCOMPARE(w.announcer->Text(), QStringLiteral("empty, 1 up"));
   }
 
   // A logout, Ctrl+C or a closed terminal: the options are saved, nothing is asked.
