@@ -8,7 +8,9 @@
 #include "game/Game.h"
 #include "runtime/GameState.h"
 #include "game/MainMenu.h"
+#include "game/Review.h"
 #include "game/StateDump.h"
+#include "game/TurnSummary.h"
 #include "runtime/MainWindow.h"
 #include "runtime/Shell.h"
 #include "runtime/Options.h"
@@ -44,6 +46,8 @@ class Skitterweb {
   DebugMarkDialog mark{opts, dbg, frmMain};
   SelectDialog select{dbg, shell, frmMain};
   CommandListDialog controls{opts, dbg, shell, select, frmMain};
+  TurnSummary news{game, engine, frmMain};  // the key handler, with the news of each turn
+  Review review{game, frmMain};             // the review keys' cursor
   MainMenu menu{game, opts, optsFile, dbg, session, dump, shell, score, hs, webmasters, engine, mark, controls, frmMain};
 };
 

@@ -1,6 +1,7 @@
 #include "options/frmCommandList.h"
 
-#include <QComboBox>
+#include <QAccessible>
+#include <QAccessibleWidget>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -19,7 +20,26 @@ constexpr std::array<std::pair<int, int>, 11> kCell = {{
     {3, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 0}, {1, 1}, {1, 2}, {0, 0}, {0, 1}, {0, 2}, {3, 2},
 }};
 
+class KeyBoxAccessible : public QAccessibleWidget {
+ public:
+  explicit KeyBoxAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
+  QString text(QAccessible::Text t) const override {
+    if (t == QAccessible::Value) return static_cast<QComboBox*>(widget())->currentText();
+    return QAccessibleWidget::text(t);
+  }
+};
+
+QAccessibleInterface* KeyBoxFactory(const QString& className, QObject* object) {
+  if (className != QLatin1String("swui::KeyBox") || object == nullptr) return nullptr;
+  return new KeyBoxAccessible(static_cast<KeyBox*>(object));
+}
+
 }  // namespace
+
+KeyBox::KeyBox(QWidget* parent) : QComboBox(parent) {
+  static const bool installed = (QAccessible::installFactory(KeyBoxFactory), true);
+  (void)installed;
+}
 
 frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : QDialog(parent), model_(model) {
   setObjectName("frmCommandList");
@@ -48,9 +68,14 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
     const auto& key = sw::CommandListDialog::kKeys[static_cast<size_t>(i)];
     lblKey[i] = new QLabel(tr(key.szLabel), pad);
     lblKey[i]->setToolTip(tr(key.szTip));
-    cmbKey[i] = new QComboBox(pad);
+    cmbKey[i] = new KeyBox(pad);
     cmbKey[i]->setObjectName(QStringLiteral("cmbKey(%1)").arg(i));
     cmbKey[i]->setEditable(true);
+    // Named by its command as the label reads ("Up/Left"); Redraw describes it by its key.
+    QString command = lblKey[i]->text();
+    if (command.endsWith(QLatin1Char(':'))) command.chop(1);
+    cmbKey[i]->setAccessibleName(command);
+    cmbKey[i]->lineEdit()->setAccessibleName(command);
     cmbKey[i]->setInsertPolicy(QComboBox::NoInsert);
     cmbKey[i]->setToolTip(tr(key.szTip));
     cmbKey[i]->setFixedWidth(comboWidth);
@@ -178,6 +203,11 @@ void frmCommandList::Redraw() {
     cmbKey[i]->setCurrentIndex(c.nListIndex);
     cmbKey[i]->setEditText(QString::fromStdString(c.text));
     if (cmbKey[i]->hasFocus()) cmbKey[i]->lineEdit()->selectAll();
+    const QString key = cmbKey[i]->currentText();
+    if (cmbKey[i]->accessibleDescription() != key) {
+      cmbKey[i]->setAccessibleDescription(key);
+      cmbKey[i]->lineEdit()->setAccessibleDescription(key);
+    }
   }
   cmdSaveProfile->setEnabled(model_.bSaveEnabled);
   cmdDelProfile->setEnabled(model_.bDelEnabled);

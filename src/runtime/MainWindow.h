@@ -102,6 +102,9 @@ class IMainWindow {
 
   // Ends the program: the window closes and the event loop returns.
   virtual void EndProgram() = 0;
+
+  // Says a short text to the player's screen reader, wherever the keyboard focus is.
+  virtual void Announce(const std::string& text) = 0;
 };
 
 }  // namespace sw

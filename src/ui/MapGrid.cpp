@@ -1,9 +1,13 @@
 #include "ui/MapGrid.h"
 
+#include <QAccessible>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QTimer>
 #include <algorithm>
 
+#include "game/Review.h"
+#include "ui/Accessible.h"
 #include "ui/Colors.h"
 #include "ui/PictureRender.h"
 #include "ui/Prerendered.h"
@@ -75,29 +79,11 @@ QPixmap PictureSet::Pixmap(sw::Picture pic, int size, qreal dpr) const {
   return pm;
 }
 
-QString PictureSet::AccessibleText(sw::Picture pic) {
-  switch (pic) {
-    case sw::Picture::Player8: return QStringLiteral("Whisk facing up");
-    case sw::Picture::Player9: return QStringLiteral("Whisk facing up-right");
-    case sw::Picture::Player6: return QStringLiteral("Whisk facing right");
-    case sw::Picture::Player3: return QStringLiteral("Whisk facing down-right");
-    case sw::Picture::Player2: return QStringLiteral("Whisk facing down");
-    case sw::Picture::Player1: return QStringLiteral("Whisk facing down-left");
-    case sw::Picture::Player4: return QStringLiteral("Whisk facing left");
-    case sw::Picture::Player7: return QStringLiteral("Whisk facing up-left");
-    case sw::Picture::Player5: return QStringLiteral("Whisk standing");
-    case sw::Picture::Virus: return QStringLiteral("virus");
-    case sw::Picture::Infected: return QStringLiteral("infected server");
-    case sw::Picture::Death: return QStringLiteral("dead mouse");
-    case sw::Picture::None: break;
-  }
-  return QString();
-}
-
 MapGrid::MapGrid(const PictureSet& pictures, QWidget* parent) : QWidget(parent), pictures_(pictures) {
+  InstallAccessibility();
   setObjectName("grdMap");
-  setAccessibleName("grdMap");
-  setFocusPolicy(Qt::NoFocus);
+  setAccessibleName(tr("Map"));
+  setFocusPolicy(Qt::StrongFocus);
   // Every pixel is painted by the board itself: nothing to clear first.
   setAttribute(Qt::WA_OpaquePaintEvent);
 }
@@ -129,6 +115,41 @@ void MapGrid::SetPicture(int col, int row, sw::Picture pic) {
   if (cell == pic) return;
   cell = pic;
   update(CellRect(col, row));
+  if (reporting_ && !reportDue_) {
+    reportDue_ = true;
+    QTimer::singleShot(0, this, &MapGrid::ReportChanges);
+  }
+}
+
+void MapGrid::StartReporting() {
+  if (reporting_) return;
+  reporting_ = true;
+  reported_ = cells_;
+}
+
+void MapGrid::ReportChanges() {
+  reportDue_ = false;
+  reported_.resize(cells_.size(), sw::Picture::None);
+  QAccessibleInterface* board = QAccessible::queryAccessibleInterface(this);
+  QAccessibleTableInterface* table = board != nullptr ? board->tableInterface() : nullptr;
+  if (table == nullptr) return;
+  for (int r = 0; r < rows_; ++r)
+    for (int c = 0; c < cols_; ++c) {
+      const size_t i = static_cast<size_t>(r) * static_cast<size_t>(cols_) + static_cast<size_t>(c);
+      const sw::Picture was = reported_[i], now = cells_[i];
+      reported_[i] = now;
+      if (was == now) continue;
+      QAccessibleInterface* cell = table->cellAt(r, c);
+      if (cell == nullptr) continue;
+      if (sw::PictureWord(was) != sw::PictureWord(now)) {
+        QAccessibleEvent named(cell, QAccessible::NameChanged);
+        QAccessible::updateAccessibility(&named);
+      }
+      if (sw::PictureFacing(was) != sw::PictureFacing(now)) {
+        QAccessibleEvent described(cell, QAccessible::DescriptionChanged);
+        QAccessible::updateAccessibility(&described);
+      }
+    }
 }
 
 sw::Picture MapGrid::PictureAt(int col, int row) const {

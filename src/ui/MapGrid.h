@@ -1,7 +1,8 @@
 #pragma once
 // grdMap: the map grid, one picture per cell. Pictures are the SVG templates
 // rendered at the screen's device pixel ratio, so they stay crisp at any
-// scale. The board takes no keyboard focus.
+// scale. The board takes the keyboard focus, so that a screen reader finds
+// the player there, and passes the keys on to the main window.
 #include <QHash>
 #include <QPixmap>
 #include <QWidget>
@@ -26,8 +27,6 @@ class PictureSet {
   QImage FromSvg(sw::Picture pic, int device) const;
   // How many times an SVG file has been read so far.
   int SvgReads() const { return svgReads_; }
-  // What a cell shows, in words ("virus", "Whisk facing up", "" for an empty cell).
-  static QString AccessibleText(sw::Picture pic);
 
  private:
   mutable int svgReads_ = 0;
@@ -55,8 +54,9 @@ class MapGrid : public QWidget {
   void SetPicture(int col, int row, sw::Picture pic);
   const PictureSet& Pictures() const { return pictures_; }
   sw::Picture PictureAt(int col, int row) const;
-  // What a cell shows, in words, for assistive technology.
-  QString CellText(int col, int row) const { return PictureSet::AccessibleText(PictureAt(col, row)); }
+  // From now on, tells assistive technology of every cell whose name or description
+  // changes; called once a screen reader has asked for the board.
+  void StartReporting();
   // Where a cell is drawn, in the board's coordinates.
   QRect CellRect(int col, int row) const;
   // The board's colours, taken from the window's palette.
@@ -71,6 +71,12 @@ class MapGrid : public QWidget {
  private:
   QPoint Origin() const;
   void PaintArea(QPainter& p, const QRect& dirty);
+  // Tells assistive technology which cells changed since it was last told, once the
+  // turn's drawing is done: a cell redrawn with what it held is no change.
+  void ReportChanges();
+
+  std::vector<sw::Picture> reported_;  // the cells as assistive technology was last told of them
+  bool reporting_ = false, reportDue_ = false;
 
   const PictureSet& pictures_;
   std::vector<sw::Picture> cells_;

@@ -1,12 +1,16 @@
 #include "ui/ProgBar.h"
 
+#include <QAccessible>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
+#include "ui/Accessible.h"
+
 namespace swui {
 
 ProgBar::ProgBar(QWidget* parent) : QWidget(parent) {
+  InstallAccessibility();
   backColor_ = palette().color(QPalette::Button);
   barColor_ = palette().color(QPalette::Highlight);
   setAttribute(Qt::WA_OpaquePaintEvent);
@@ -47,6 +51,10 @@ void ProgBar::setValue(int32_t v) {
   if (value_ == v) return;
   value_ = v;
   update();
+  if (QAccessible::isActive()) {
+    QAccessibleValueChangeEvent changed(this, value_);
+    QAccessible::updateAccessibility(&changed);
+  }
 }
 
 void ProgBar::setBorderStyle(int16_t v) {

@@ -14,6 +14,7 @@
 #include "options/frmCommandList.h"
 #include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
+#include "ui/Accessible.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -74,7 +75,7 @@ frmMain::~frmMain() = default;
 
 void frmMain::Form_Load() {
   sw.menu.Form_Load();
-  setFocus();
+  grdMap->setFocus();
 }
 
 void frmMain::Form_KeyDown() { SetPointer(Pointer::Custom); }
@@ -104,6 +105,19 @@ int16_t frmMain::KeyAsciiOf(const QKeyEvent& e) {
   }
 }
 
+std::optional<sw::ReviewKey> frmMain::ReviewKeyOf(const QKeyEvent& e) {
+  if (e.modifiers() & (Qt::KeypadModifier | Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) return {};
+  switch (e.key()) {
+    case Qt::Key_Left: return sw::ReviewKey::Left;
+    case Qt::Key_Right: return sw::ReviewKey::Right;
+    case Qt::Key_Up: return sw::ReviewKey::Up;
+    case Qt::Key_Down: return sw::ReviewKey::Down;
+    case Qt::Key_Home: return sw::ReviewKey::Whisk;
+    case Qt::Key_End: return sw::ReviewKey::NearestVirus;
+    default: return {};
+  }
+}
+
 bool frmMain::event(QEvent* e) {
   // Tab is a game key here, not focus navigation.
   if (e->type() == QEvent::KeyPress) {
@@ -124,13 +138,19 @@ bool frmMain::event(QEvent* e) {
 
 void frmMain::keyPressEvent(QKeyEvent* e) {
   Form_KeyDown();
+  if (const std::optional<sw::ReviewKey> review = ReviewKeyOf(*e)) {
+    // Reading the board plays no turn, and works while a pause runs too.
+    e->accept();
+    sw.review.Key(*review);
+    return;
+  }
   const int16_t KeyAscii = KeyAsciiOf(*e);
   if (KeyAscii == 0) {
     QMainWindow::keyPressEvent(e);
     return;
   }
   e->accept();
-  sw.engine.Form_KeyPress(KeyAscii);
+  sw.news.Form_KeyPress(KeyAscii);
 }
 
 void frmMain::closeEvent(QCloseEvent* e) {
@@ -143,6 +163,11 @@ void frmMain::closeEvent(QCloseEvent* e) {
 }
 
 bool frmMain::eventFilter(QObject* watched, QEvent* e) {
+  if (watched == grdMap && e->type() == QEvent::KeyPress) {
+    // The board holds the focus; every key typed there, Tab too, is the window's.
+    keyPressEvent(static_cast<QKeyEvent*>(e));
+    return true;
+  }
   if (e->type() == QEvent::MouseMove) {
     Form_MouseMove();
   } else if (e->type() == QEvent::MouseButtonPress && (watched == lblDiff || watched == lblDiffT)) {
@@ -238,7 +263,13 @@ void frmMain::ShowLagBar(const sw::ProgBarState& bar) {
   pbrNetLag->setMax(bar.Max);
   pbrNetLag->setBarColor(ToQColor(bar.BarColor));
   pbrNetLag->setValue(bar.Value);
+  // The tier, told by colour on screen, in words for a screen reader.
+  const std::string tier = sw::LagTierWord(bar);
+  const QString description = tier.empty() ? tr("no lag") : QStringLiteral("lag: %1").arg(QString::fromStdString(tier));
+  if (pbrNetLag->accessibleDescription() != description) pbrNetLag->setAccessibleDescription(description);
 }
+
+void frmMain::Announce(const std::string& text) { announcer->Say(QString::fromStdString(text)); }
 
 int16_t frmMain::MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) {
   frmMsgBox box(DialogParent(), widthTw_);
@@ -312,10 +343,10 @@ QWidget* frmMain::DialogParent() {
 }
 
 void frmMain::ReturnFocus() {
-  // Back to the game, unless a dialog is still open.
+  // Back to the board, unless a dialog is still open.
   if (QApplication::activeModalWidget() != nullptr) return;
   activateWindow();
-  setFocus();
+  grdMap->setFocus();
 }
 
 void frmMain::SendKeys(const std::string& keys) {

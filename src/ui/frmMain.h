@@ -27,6 +27,7 @@ class QMenu;
 
 namespace swui {
 
+class Announcer;
 class ProgBar;
 
 class frmMain : public QMainWindow, public sw::IMainWindow {
@@ -51,6 +52,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   // The character a key press types: its text, or for the number pad with
   // Num Lock off the digit its key carries; 0 when it types none.
   static int16_t KeyAsciiOf(const QKeyEvent& e);
+  // The review key a key press is: the arrow keys, Home and End of the main block,
+  // which type no character (the number pad's keys are game keys).
+  static std::optional<sw::ReviewKey> ReviewKeyOf(const QKeyEvent& e);
 
   // ---- IMainWindow
   void SetCellPicture(int16_t nCol, int16_t nRow, sw::Picture pic) override;
@@ -71,6 +75,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void SetMenuChecked(sw::Menu item, bool checked) override;
   void SetMenuEnabled(sw::Menu item, bool enabled) override;
   void EndProgram() override;
+  void Announce(const std::string& text) override;
   void SendKeys(const std::string& keys) override;
   void ShowDialog(sw::Dialog which) override;
 
@@ -101,6 +106,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   QLabel *lblVirusT = nullptr, *lblVirus = nullptr;
   QLabel *lblNetLagT = nullptr, *lblNetLag = nullptr;
   ProgBar* pbrNetLag = nullptr;
+  Announcer* announcer = nullptr;  // says the news of each turn to a screen reader
   QLabel *lblDiffT = nullptr, *lblDiff = nullptr;
   QLabel *lblPUTimerT = nullptr, *lblPUTimer = nullptr;
   QLabel *lblAntiVirusT = nullptr, *lblBackupT = nullptr, *lblRebootT = nullptr, *lblSoftUpgradeT = nullptr,

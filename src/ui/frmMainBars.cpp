@@ -8,6 +8,7 @@
 #include <QEvent>
 #include <QPainter>
 
+#include "ui/Accessible.h"
 #include "ui/Colors.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMain.h"
@@ -19,6 +20,7 @@ using sw::Label;
 namespace {
 
 constexpr const char* kGameBack = "gameBackColor";
+constexpr const char* kCaption = "caption";  // a counter's caption, read with its value
 
 // The bar itself: the window's colour with a fine line along its top edge.
 class InfoBar : public QFrame {
@@ -91,7 +93,9 @@ QLabel* frmMain::MakeLabel(QWidget* parent, const char* name, const char* captio
 
 void frmMain::SetLabelText(QLabel* label, const QString& text) {
   label->setText(text);
-  label->setAccessibleName(text);
+  // A counter is read with its caption: "Score: 1,250".
+  const QString caption = label->property(kCaption).toString();
+  label->setAccessibleName(caption.isEmpty() ? text : caption + QLatin1Char(' ') + text);
 }
 
 void frmMain::ApplyLook() {
@@ -127,8 +131,10 @@ void frmMain::BuildInfoBar() {
     l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     return l;
   };
-  auto value = [&](const char* name, const char* text, const char* tip, Label id) {
+  auto value = [&](const char* name, const char* text, const char* tip, Label id, QLabel* cap) {
     QLabel* l = MakeLabel(pctInfoBar, name, text, tip, true);
+    l->setProperty(kCaption, cap->text());
+    SetLabelText(l, l->text());
     l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     l->setMargin(0);
     l->setIndent(tw_.X(90));
@@ -140,30 +146,31 @@ void frmMain::BuildInfoBar() {
   };
 
   lblScoreT = caption("lblScoreT", "Score:", nullptr);
-  lblScore = value("lblScore", "999,999,999", "The current game score", Label::lblScore);
+  lblScore = value("lblScore", "999,999,999", "The current game score", Label::lblScore, lblScoreT);
   lblHighScoreT = caption("lblHighScoreT", "High Score:", nullptr);
   lblHighScore = value("lblHighScore", "999,999,999", "The all time high score for the current difficulty level",
-                       Label::lblHighScore);
+                       Label::lblHighScore, lblHighScoreT);
   lblReconnectsT = caption("lblReconnectsT", "Reconnects:", nullptr);
-  lblReconnects = value("lblReconnects", "9999", "Number of remaining reconnects", Label::lblReconnects);
+  lblReconnects = value("lblReconnects", "9999", "Number of remaining reconnects", Label::lblReconnects, lblReconnectsT);
   lbSitesHitT = caption("lbSitesHitT", "Sites Hit:", nullptr);
-  lblSitesHit = value("lblSitesHit", "9999", "Number of sites already hit", Label::lblSitesHit);
+  lblSitesHit = value("lblSitesHit", "9999", "Number of sites already hit", Label::lblSitesHit, lbSitesHitT);
   lblVirusT = caption("lblVirusT", "Viruses:", nullptr);
-  lblVirus = value("lblVirus", "9999", "Number of viruses currently on the game map", Label::lblVirus);
+  lblVirus = value("lblVirus", "9999", "Number of viruses currently on the game map", Label::lblVirus, lblVirusT);
   lblDiffT = caption("lblDiffT", "Difficulty:", "Current game difficulty (right click to advance)");
-  lblDiff = value("lblDiff", "Normal", "Current game difficulty (right click to advance)", Label::lblDiff);
+  lblDiff = value("lblDiff", "Normal", "Current game difficulty (right click to advance)", Label::lblDiff, lblDiffT);
   lblDiff->setAlignment(Qt::AlignCenter);
   lblNetLagT = caption("lblNetLagT", "Net Lag:", "Current net lag value (duration and status)");
-  lblNetLag = value("lblNetLag", "0", "Current net lag duration (in turns)", Label::lblNetLag);
+  lblNetLag = value("lblNetLag", "0", "Current net lag duration (in turns)", Label::lblNetLag, lblNetLagT);
   lblNetLag->setAlignment(Qt::AlignCenter);
   SetLabelColors(Label::lblNetLag, sw::color::Silver, sw::color::Black);
   lblPUTimerT = caption("lblPUTimerT", "Download Time:", nullptr);
-  lblPUTimer = value("lblPUTimer", "9999", "Remaining power-up download time (in turns)", Label::lblPUTimer);
+  lblPUTimer = value("lblPUTimer", "9999", "Remaining power-up download time (in turns)", Label::lblPUTimer, lblPUTimerT);
 
   pbrNetLag = new ProgBar(pctInfoBar);
   pbrNetLag->setObjectName("pbrNetLag");
   pbrNetLag->setToolTip("Current net lag status");
-  pbrNetLag->setAccessibleName("pbrNetLag");
+  pbrNetLag->setAccessibleName(tr("Net Lag"));
+  pbrNetLag->setAccessibleDescription(tr("no lag"));
   pbrNetLag->setMouseTracking(true);
   pbrNetLag->installEventFilter(this);
 
@@ -246,10 +253,15 @@ void frmMain::BuildInfoBar() {
   for (const auto& [shp, lbl] : powerUps) {
     if (!first) puRow->addStretch(1);
     first = false;
+    shp->setAccessibleName(lbl->text() + tr(" status"));  // the shape beside the power-up's caption
     puRow->addWidget(shp);
     puRow->addWidget(lbl);
   }
   grid->addWidget(pu, 2, 0, 1, 10);
+  // The announcer takes no room: a pixel in the bar's corner that draws nothing.
+  announcer = new Announcer(pctInfoBar);
+  announcer->setObjectName("announcer");
+  announcer->move(0, 0);
   grid->setColumnStretch(1, 2);
   grid->setColumnStretch(3, 2);
   grid->setColumnStretch(5, 1);

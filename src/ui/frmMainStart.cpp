@@ -70,7 +70,7 @@ void frmMain::Start() {
     firstFrameDue_ = true;
     show();
   }
-  setFocus();
+  grdMap->setFocus();
 }
 
 void frmMain::RunStartSteps() {

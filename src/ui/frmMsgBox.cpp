@@ -8,6 +8,8 @@
 #include <QWindow>
 #include <algorithm>
 
+#include "ui/Accessible.h"
+
 namespace swui {
 
 std::function<int16_t(frmMsgBox&)> frmMsgBox::testAnswer;
@@ -84,6 +86,7 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
                          Qt::MSWindowsFixedSizeDialogHint),
       tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}),
       ownerWidth_(ownerWidth) {
+  InstallAccessibility();
   setObjectName("frmMsgBox");
   setModal(true);
   setSizeGripEnabled(false);
@@ -91,7 +94,6 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   auto makeButton = [this](const char* name, const char* caption, int16_t code) {
     auto* b = new QPushButton(QString::fromUtf8(caption), this);
     b->setObjectName(name);
-    b->setAccessibleName(b->text());
     b->hide();
     connect(b, &QPushButton::clicked, this, [this, code] { Answered(code); });
     return b;
@@ -121,6 +123,7 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
   lblTitleTest->setText(szTitle);
   lblMesg->setText(text);
   lblMesg->setAccessibleName(text);
+  // Read as an alert: its title, then the text of its label.
   setAccessibleName(szTitle);
 
   // The label sizes itself to its text, one line high when empty.

@@ -75,6 +75,10 @@ class FakeWindow : public IMainWindow {
   void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
   void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
   void EndProgram() override { ++ended; }
+  std::vector<std::string> announced;  // what the screen reader was given to say, in order
+  void Announce(const std::string& text) override {
+    if (record) announced.push_back(text);
+  }
   std::vector<std::string> keysSent;
   void SendKeys(const std::string& keys) override { keysSent.push_back(keys); }
   void ShowDialog(Dialog which) override {

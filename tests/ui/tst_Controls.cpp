@@ -1,6 +1,7 @@
 // The two controls the game draws itself. The board: a move repaints only the
 // cells that changed, each the board and its grid lines with the picture on
-// top. The progress bar: the value it keeps, and how far it is filled.
+// top, read by a screen reader as a table of named cells. The progress bar: the value it keeps, and how far it is filled.
+#include <QAccessible>
 #include <QPaintEvent>
 #include <QTest>
 
@@ -39,6 +40,14 @@ class TestControls : public QObject {
     QCOMPARE(img.pixelColor(g.CellRect(3, 2).center()), g.BoardColor());
     QCOMPARE(img.pixelColor(g.CellRect(3, 2).bottomRight()), g.LineColor());
     QVERIFY(img.pixelColor(g.CellRect(4, 2).center()) != g.BoardColor());
+    // A screen reader reads the board as a table of named cells.
+    QAccessibleInterface* board = QAccessible::queryAccessibleInterface(&g);
+    QAccessibleTableInterface* table = board->tableInterface();
+    QCOMPARE(std::pair(board->role(), board->childCount()), std::pair(QAccessible::Table, 14 * 24));
+    QCOMPARE(std::pair(table->rowCount(), table->columnCount()), std::pair(14, 24));
+    QCOMPARE(board->indexOfChild(table->cellAt(2, 4)), 2 * 24 + 4);
+    QCOMPARE(table->cellAt(2, 4)->text(QAccessible::Name) + "/" + table->cellAt(2, 3)->text(QAccessible::Name),
+             QStringLiteral("Whisk/empty"));
   }
 
   void progressBar() {

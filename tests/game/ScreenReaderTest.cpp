@@ -1,0 +1,87 @@
+// What a player who cannot see the board is told: the news of each turn, and
+// the review keys that read the board without playing.
+#include <gtest/gtest.h>
+
+#include <regex>
+
+#include "game/Board.h"
+
+namespace sw::test {
+
+namespace {
+
+struct TurnCase {
+  const char* name;
+  CoordPair mouse;
+  Cells viruses;
+  char key;
+  int16_t reconnects;
+  std::deque<int16_t> answers;  // to the boxes the turn shows
+  const char* news;             // a pattern; "" for silence
+};
+
+}  // namespace
+
+// One key, one sentence of news, or none when the board did not change.
+TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
+  const TurnCase cases[] = {
+      {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6\\. 2 viruses, nearest 3 right, then 6 down\\."},
+      {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash\\. 1 virus, nearest 7 down 14 right\\."},
+      {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
+      {"off the map", At(0, 5), {At(20, 13)}, '4', 2, {}, ""},
+      {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died\\. Whisk at \\d+, \\d+\\. 7 viruses, nearest .*\\."},
+      {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit\\. Whisk at \\d+, \\d+\\. 8 viruses, nearest .*\\."},
+      {"game over", At(5, 5), {At(6, 6)}, '5', 0, {1, 7}, "Game over\\."},
+      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {1, 6}, "Game over\\. New game\\. Whisk at \\d+, \\d+\\. 7 viruses.*"},
+      {"link", At(5, 5), {At(23, 13)}, '+', 2, {}, "Whisk at \\d+, \\d+\\. 1 virus, nearest .*\\. lag: yellow\\."},
+  };
+  for (const TurnCase& c : cases) {
+    SCOPED_TRACE(c.name);
+    Board b;
+    b.Set(c.mouse, c.viruses);
+    b.g.gnReconnects = c.reconnects;
+    b.w.answers = c.answers;
+    b.sw.news.Form_KeyPress(c.key);
+    if (*c.news == '\0') {
+      EXPECT_TRUE(b.w.announced.empty());
+      continue;
+    }
+    ASSERT_EQ(b.w.announced.size(), 1u);
+    EXPECT_TRUE(std::regex_match(b.w.announced[0], std::regex(c.news))) << b.w.announced[0];
+  }
+}
+
+// The review cursor starts on Whisk, steps over the cells, jumps to Whisk and to
+// the viruses nearest first, and goes back to Whisk once Whisk has moved.
+TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
+  Board b;
+  b.Set(At(5, 5), {At(3, 4), At(5, 9)}, {At(6, 5)});
+  Review& review = b.sw.review;
+  const std::pair<ReviewKey, const char*> steps[] = {
+      {ReviewKey::Right, "infected server, 1 right"},
+      {ReviewKey::Right, "empty, 2 right"},
+      {ReviewKey::Up, "empty, 1 up 2 right"},
+      {ReviewKey::Whisk, "Whisk at 6, 6"},
+      {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
+      {ReviewKey::NearestVirus, "virus, 4 down"},
+      {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
+      {ReviewKey::Down, "empty, 2 left"},
+  };
+  for (const auto& [key, said] : steps) {
+    review.Key(key);
+    EXPECT_EQ(b.w.announced.back(), said);
+  }
+  b.Set(At(0, 0), {At(3, 4)});
+  review.Key(ReviewKey::Left);
+  EXPECT_EQ(b.w.announced.back(), "edge, Whisk at 1, 1");
+  // A lost game leaves the dead mouse on Whisk's cell; a board with no virus says so.
+  b.g.gbGameOn = 0;
+  b.g.gnReconnects = -1;
+  b.g.gnVirusLive = 0;
+  review.Key(ReviewKey::Whisk);
+  EXPECT_EQ(b.w.announced.back(), "dead mouse at 1, 1");
+  review.Key(ReviewKey::NearestVirus);
+  EXPECT_EQ(b.w.announced.back(), "no viruses");
+}
+
+}  // namespace sw::test
