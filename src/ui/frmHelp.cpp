@@ -71,7 +71,10 @@ void frmHelp::keyPressEvent(QKeyEvent* e) {
 
 frmHelp* ShowHelp() {
   QWidget* over = QApplication::activeModalWidget();
-  if (g_help != nullptr && g_help->parentWidget() != over) g_help->close();
+  if (g_help != nullptr && g_help->parentWidget() != over) {
+    g_help->close();  // deleted later: the new owner gets a window of its own now
+    g_help = nullptr;
+  }
   if (g_help == nullptr) g_help = new frmHelp(over);
   g_help->browser->setSource(QUrl(frmHelp::kFirstPage));
   g_help->show();

@@ -5,6 +5,7 @@
 #include <QKeyEvent>
 #include <cmath>
 
+#include "ui/Accessible.h"
 #include "ui/GameStyle.h"
 #include "ui/UiTestSupport.h"
 
