@@ -5,6 +5,7 @@
 #include <deque>
 #include <functional>
 #include <map>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -72,8 +73,10 @@ class FakeWindow : public IMainWindow {
   void DoEvents() override {
     if (onEvents) std::exchange(onEvents, nullptr)();
   }
-  void SetMenuChecked(Menu item, bool c) override { checked[item] = c; }
-  void SetMenuEnabled(Menu item, bool e) override { enabled[item] = e; }
+  // The window has these items only: naming any other is a fault of the model.
+  static Menu Item(Menu m) { return m <= Menu::menStartSiteNum9 ? m : throw std::out_of_range("no such menu item"); }
+  void SetMenuChecked(Menu item, bool c) override { checked[Item(item)] = c; }
+  void SetMenuEnabled(Menu item, bool e) override { enabled[Item(item)] = e; }
   void EndProgram() override { ++ended; }
   std::vector<std::string> announced;  // what the screen reader was given to say, in order
   void Announce(const std::string& text) override {
