@@ -37,7 +37,9 @@ x_server() {
   local dir pid n=""
   dir=$(mktemp -d)
   mkfifo "$dir/display"
-  Xvfb -displayfd 3 -screen 0 1600x1200x24 -nolisten tcp 3>"$dir/display" >"$dir/xvfb.log" 2>&1 &
+  # -noreset: the server does not reset when its last client leaves, which would turn away a
+  # client that connects at that moment (the game, while xdotool looks for its window).
+  Xvfb -displayfd 3 -noreset -screen 0 1600x1200x24 -nolisten tcp 3>"$dir/display" >"$dir/xvfb.log" 2>&1 &
   pid=$!
   x_on_exit "kill $pid; wait $pid; rm -rf '$dir'"
   # The server writes its display number once it takes connections.
