@@ -17,7 +17,7 @@ game=$work/home/.local/share/skitterweb
 x_server
 x_log=$work/game.log x_start "$work/elsewhere" env -u XDG_DATA_HOME HOME="$work/home" "$prefix/$bindir/skitterweb"
 window=$(x_window)
-answer_boxes() { for _ in $(seq 20); do [ -n "$(x_boxes)" ] || return 0; x_press Return; sleep 0.3; done; }
+answer_boxes() { for _ in $(seq 20); do [ -n "$(x_boxes)" ] || return 0; x_answer Return; sleep 0.3; done; }
 
 # ---- the window is the launcher's own process, running the installed program in the game folder.
 [ "$(xdotool getwindowpid "$window")" = "$game_pid" ] || fail "the window is not the launcher's process (no exec)"
@@ -33,10 +33,9 @@ answer_boxes() { for _ in $(seq 20); do [ -n "$(x_boxes)" ] || return 0; x_press
 sleep 0.5
 answer_boxes
 xdotool windowfocus --sync "$window"
-x_press alt+g; x_press q
-for _ in $(seq 100); do
+for i in $(seq 150); do  # Game > Quit (again if a closing box took the keys), every question Yes
   kill -0 "$game_pid" 2>/dev/null || break
-  [ -n "$(x_boxes)" ] && x_press Return
+  if [ -n "$(x_boxes)" ]; then x_answer Return; elif [ $((i % 30)) = 1 ]; then x_press alt+g; x_press q; fi
   sleep 0.1
 done
 kill -0 "$game_pid" 2>/dev/null && fail "Game > Quit did not end the game"

@@ -14,7 +14,9 @@
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_boxes [TRIES]        waits until some box is on screen
+#   x_wait_box NAME [TRIES]     waits until the one box on screen is NAME, and gives it the focus
 #   x_press KEY...              presses keys, as a player would, after a short pause
+#   x_answer KEY...             gives the box on screen the focus, then presses keys in it
 #   x_ended PID [TENTHS]        waits for PID to end; true when it has
 #   x_screenshot FILE           the whole screen as a PNG
 #   x_fail MESSAGE              prints MESSAGE and the game's output, and exits 1
@@ -87,6 +89,27 @@ x_wait_boxes() {
   done
   return 1
 }
+
+x_wait_box() {
+  for _ in $(seq "${2:-50}"); do
+    [ "$(x_boxes)" = "$1" ] && { _x_focus_box; return 0; }
+    sleep 0.1
+  done
+  return 1
+}
+
+# With no window manager, a box just shown may not have the input focus yet: give it the focus,
+# as a player's click would.
+_x_focus_box() {
+  local id
+  for id in $(xdotool search --onlyvisible --name '.' 2>/dev/null); do
+    [ "$(xdotool getwindowname "$id" 2>/dev/null)" = Skitterweb ] && continue
+    xdotool windowfocus --sync "$id" 2>/dev/null || true
+    return
+  done
+}
+
+x_answer() { _x_focus_box; x_press "$@"; }
 
 x_press() { sleep 0.15; xdotool key --clearmodifiers "$@"; }
 

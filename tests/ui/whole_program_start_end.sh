@@ -21,7 +21,7 @@ up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the g
   x_start "$dir" "$game"
   for ((i = 0; i < ${2:-0}; i++)); do [ -z "$(x_boxes)" ] || break; xdotool key "$((i % 10))"; done
   typed=$((typed + i))
-  x_wait_boxes 50 && [ "$(x_boxes)" = "Error: LoadHighScoresError" ] || x_fail "$1: '$(x_boxes)' at the start"
+  x_wait_box "Error: LoadHighScoresError" || x_fail "$1: '$(x_boxes)' at the start"
 }
 end_with() {  # SIGNAL
   local status=0
@@ -37,7 +37,7 @@ end_with() {  # SIGNAL
 up quit
 x_press Return
 x_press alt+g q
-for _ in $(seq 50); do kill -0 "$game_pid" 2>/dev/null || break; [ -z "$(x_boxes)" ] || x_press Return; sleep 0.1; done
+for _ in $(seq 50); do kill -0 "$game_pid" 2>/dev/null || break; [ -z "$(x_boxes)" ] || x_answer Return; sleep 0.1; done
 x_ended "$game_pid" || x_fail "Game > Quit did not end the game"
 for run in $(seq "$starts"); do
   up "start$run" 40
@@ -54,6 +54,6 @@ end_with INT
 up dialog
 x_press Return
 x_press alt+o c
-x_wait_boxes && [ "$(x_boxes)" = "Controls" ] || x_fail "no Controls dialog: '$(x_boxes)'"
+x_wait_box Controls || x_fail "no Controls dialog: '$(x_boxes)'"
 end_with TERM
 echo "$starts starts: none of the $typed keys typed during them played; each signal ended the game, options saved"

@@ -14,23 +14,23 @@ start() { x_start "$work" env SKITTERWEB_LABELS_AT_EXIT="$work/labels.txt" "$gam
 label() { sed -n "s/^$1=//p" "$work/labels.txt"; }
 easy() {  # Options > Difficulty > Easy, and Yes
   x_press alt+o; x_press d; x_press e
-  x_wait_boxes && [ "$(x_boxes)" = "Change Game Difficulty" ] || x_fail "no difficulty question: '$(x_boxes)'"
+  x_wait_box "Change Game Difficulty" || x_fail "no difficulty question: '$(x_boxes)'"
   x_press Return
 }
 
 start
 for notice in LoadOptions LoadHighScoresError; do  # no options file, no lists yet
-  x_wait_boxes 50 && [ "$(x_boxes)" = "Error: $notice" ] || x_fail "first start: '$(x_boxes)', not $notice"
+  x_wait_box "Error: $notice" || x_fail "first start: '$(x_boxes)', not $notice"
   x_press Return
 done
 easy
 named=""  # wait ('0') until a game earns a row, answering every box
 for _ in $(seq 1500); do
   case "$(x_boxes)" in
-    *"Webmaster Lists"*) x_press ctrl+a; xdotool type --delay 30 "Whisk Fan"; x_press Return; x_press Return; named=1 ;;
-    *"Play again?"*) [ -z "$named" ] || { x_press Escape; break; }; x_press Return ;;
+    *"Webmaster Lists"*) x_answer ctrl+a; xdotool type --delay 30 "Whisk Fan"; x_press Return; x_press Return; named=1 ;;
+    *"Play again?"*) [ -z "$named" ] || { x_answer Escape; break; }; x_answer Return ;;
     "") x_press 0 ;;
-    *) x_press Return ;;
+    *) x_answer Return ;;
   esac
   sleep 0.2
 done
@@ -45,7 +45,7 @@ sleep 1.5
 [ -z "$(x_boxes)" ] || x_fail "second start shows: $(x_boxes)"
 easy
 x_press alt+g; x_press q
-x_wait_boxes && x_press Return  # Yes: quit the game in progress
+x_wait_boxes && x_answer Return  # Yes: quit the game in progress
 x_ended "$game_pid" 60 || true
 [ "$(label lblHighScore)" = "$score" ] || x_fail "High Score shows '$(label lblHighScore)', the game scored '$score'"
 echo "whole program: scored $score, named, high score shown at the next start"
