@@ -1,12 +1,11 @@
 // Nothing lost: a file that failed to load is kept as "<name>.bad" before the
 // next write replaces it; the readers take bytes as well as files; saves by
-// two copies of the game at once never clash.
+// two copies of the game at once never clash; new files get exact modes.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include "Skitterweb.h"
 #include "runtime/Files.h"
 #include "support/App.h"
 #include "support/TempDir.h"
@@ -20,109 +19,79 @@ const std::string kDamagedOptions = "\"Version\",\"1.14\"\r\n\"LastOption\"\r\n"
 const std::string kOnePlayer =
     "\"Version\",\"1.14\"\r\n\"LastOption\",\" 1\"\r\n\"OptionNum\",1\r\n\"UserName\",\"Ann\"\r\n";
 
-TEST(KeepAside, DamagedFilesAreKeptBeforeTheyAreReplaced) {
+unsigned ModeOf(const char* name) { struct stat st {}; return ::stat(name, &st) == 0 ? st.st_mode & 07777 : 0; }
+std::string Titles(const FakeWindow& w) { std::string t; for (auto& m : w.messages) t += m.szTitle + "|"; return t; }
+
+void Load(App& a) { a.sw.optsFile.LoadOptions(); a.sw.hs.LoadHighScores(); }
+void Save(App& a) { a.sw.optsFile.SaveOptions(); a.sw.hs.WriteHighScores(); }
+
+TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
   TempDir dir;
+  const std::set<std::string> files{Options::kFileName, HighScores::kFileName};
+  App m, a, b;
+  Load(m);  // missing: the notice, nothing to keep
+  Save(m);
+  EXPECT_EQ(DirNames(), files);
   Spit(Options::kFileName, kDamagedOptions);
   Spit(HighScores::kFileName, "this is no list file\r\n");
-  App a;
-  a.sw.optsFile.LoadOptions();
-  a.sw.hs.LoadHighScores();
-  ASSERT_EQ(a.w.messages.size(), 2u);
-  // Loading alone writes nothing.
-  EXPECT_EQ(DirNames(), (std::set<std::string>{Options::kFileName, HighScores::kFileName}));
-
-  a.sw.optsFile.SaveOptions();
-  a.sw.hs.WriteHighScores();
-  EXPECT_EQ(Slurp("sw.opt.bad"), kDamagedOptions);
-  EXPECT_EQ(Slurp("SWhscore.dat.bad"), "this is no list file\r\n");
-  struct stat st {};
-  ASSERT_EQ(::stat("sw.opt.bad", &st), 0);
-  EXPECT_EQ(st.st_mode & 0777, 0600u);
-  // The new files are good ones; a later save keeps the first copy as it is.
-  App b;
-  b.sw.optsFile.LoadOptions();
-  b.sw.hs.LoadHighScores();
-  EXPECT_TRUE(b.w.messages.empty());
-  a.sw.optsFile.SaveOptions();
-  EXPECT_EQ(Slurp("sw.opt.bad"), kDamagedOptions);
+  Load(a);
+  EXPECT_EQ(Titles(a.w), "Error: LoadOptions|Error: LoadHighScoresError|");
+  EXPECT_EQ(DirNames(), files);  // loading alone writes nothing
+  Save(a);
+  EXPECT_EQ(ModeOf("sw.opt.bad"), 0600u);
+  Load(b);  // the new files are good ones: a later save copies nothing and keeps the first copy as it is
+  Save(b);
+  EXPECT_EQ(Titles(b.w) + std::to_string(DirNames().size()), "4");
+  EXPECT_EQ(Slurp("sw.opt.bad") + Slurp("SWhscore.dat.bad"), kDamagedOptions + "this is no list file\r\n");
 }
 
-TEST(KeepAside, GoodOrMissingFilesAreNotCopied) {
+TEST(KeepAside, NewFilesGetExactModes) {
   TempDir dir;
-  App a;
-  a.sw.optsFile.LoadOptions();  // missing: the notice, nothing to keep
-  a.sw.hs.LoadHighScores();
-  a.sw.optsFile.SaveOptions();
-  a.sw.hs.WriteHighScores();
-  App b;
-  b.sw.optsFile.LoadOptions();
-  b.sw.hs.LoadHighScores();
-  b.sw.optsFile.SaveOptions();
-  b.sw.hs.WriteHighScores();
-  EXPECT_EQ(DirNames(), (std::set<std::string>{Options::kFileName, HighScores::kFileName}));
+  const mode_t mask = ::umask(022);
+  Spit("kept", "");
+  ::chmod("kept", 0640);
+  for (const char* name : {"kept", "saved"}) WriteFileAtomic(name, name);  // a kept file keeps its mode
+  WriteFile("plain", "plain");
+  ::umask(mask);
+  EXPECT_EQ(std::vector<unsigned>({ModeOf("plain"), ModeOf("saved"), ModeOf("kept")}),
+            std::vector<unsigned>({0644, 0644, 0640}));
 }
 
 TEST(KeepAside, ReadersTakeTheFilesBytes) {
   TempDir dir;
-  App a;
+  App a, b;
   a.sw.optsFile.LoadOptionsFrom(kOnePlayer);
   a.sw.opts.gopOpts[1].szUserName = "Whisk";
   a.sw.hs.Entry(HighScores::kAllTime, 2, 1) = WebmasterEntry{1234, 5, "Ann"};
-  const std::string options = a.sw.optsFile.OptionsText();
-  const std::string lists = a.sw.hs.FileText();
+  const std::string options = a.sw.optsFile.OptionsText(), lists = a.sw.hs.FileText();
   a.sw.hs.WriteHighScores();
   EXPECT_EQ(Slurp(HighScores::kFileName), lists);  // what is written is what FileText gives
-
-  App b;
   b.sw.optsFile.LoadOptionsFrom(options);
   b.sw.hs.LoadHighScoresFrom(lists);
-  EXPECT_TRUE(b.w.messages.empty());
-  EXPECT_EQ(b.sw.optsFile.OptionsText(), options);
-  EXPECT_EQ(b.sw.hs.PlainText(), a.sw.hs.PlainText());
+  EXPECT_EQ(Titles(b.w) + b.sw.optsFile.OptionsText() + b.sw.hs.PlainText(), options + a.sw.hs.PlainText());
   EXPECT_EQ(DirNames(), std::set<std::string>{HighScores::kFileName});  // nothing else touched the disk
-
-  // Bytes that do not load are reported as a file would be.
-  App c;
-  c.sw.optsFile.LoadOptionsFrom(kDamagedOptions);
-  c.sw.hs.LoadHighScoresFrom("garbage");
-  ASSERT_EQ(c.w.messages.size(), 2u);
-  EXPECT_EQ(c.w.messages[0].szTitle, "Error: LoadOptions");
-  EXPECT_EQ(c.w.messages[1].szTitle, "Error: LoadHighScoresError");
+  b.sw.hs.LoadHighScoresFrom("garbage");  // bytes that do not load are reported as a file would be
+  EXPECT_EQ(Titles(b.w), "Error: LoadHighScoresError|");
 }
 
 TEST(KeepAside, TwoGamesSavingAtOnceNeverClash) {
   TempDir dir;
-  // Two processes, as two copies of the game in one directory, each saving 200 times.
-  auto saver = [](const std::string& name) {
+  pid_t pids[2];  // two processes, as two copies of the game in one directory, each saving 200 times
+  for (int k = 0; k < 2; ++k) {
+    if ((pids[k] = fork()) != 0) continue;
     App a;
     a.sw.optsFile.LoadOptionsFrom(kOnePlayer);
-    a.sw.opts.gopOpts[1].szUserName = name;
-    for (int i = 0; i < 200; ++i) {
-      try {
-        a.sw.optsFile.SaveOptions();
-      } catch (const RuntimeError&) {
-        _exit(1);
-      }
-    }
-    _exit(0);
-  };
-  pid_t pids[2];
-  for (int k = 0; k < 2; ++k) {
-    pids[k] = fork();
-    ASSERT_GE(pids[k], 0);
-    if (pids[k] == 0) saver(k == 0 ? "First" : "Second");
+    a.sw.opts.gopOpts[1].szUserName = k == 0 ? "First" : "Second";
+    _exit(ErrorOf([&a] { for (int i = 0; i < 200; ++i) a.sw.optsFile.SaveOptions(); }));  // the error, if any
   }
   for (pid_t pid : pids) {
     int status = 0;
-    ASSERT_EQ(waitpid(pid, &status, 0), pid);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a save failed";
+    EXPECT_TRUE(waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a save failed";
   }
-  // One whole file from one of them, and no temporaries left behind.
-  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});
-  App check;
+  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});  // no temporaries left behind
+  App check;  // one whole file from one of them
   check.sw.optsFile.LoadOptions();
-  EXPECT_TRUE(check.w.messages.empty());
-  ASSERT_EQ(check.sw.opts.gopOpts.size(), 2u);
+  ASSERT_TRUE(Titles(check.w).empty() && check.sw.opts.gopOpts.size() == 2u);
   const std::string& name = check.sw.opts.gopOpts[1].szUserName;
   EXPECT_TRUE(name == "First" || name == "Second") << name;
 }
