@@ -1,80 +1,67 @@
+// The runtime: the classic random numbers, 16-bit arithmetic, number texts, list lines, and files. Nothing
+// lost: a file that failed to load is kept as "<name>.bad" before the next write replaces it; the readers take
+// bytes as well as files; saves by two copies of the game at once never clash; new files get exact modes.
 #include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <cmath>
 
 #include "runtime/Checked.h"
+#include "runtime/Files.h"
 #include "runtime/NumText.h"
 #include "runtime/Random.h"
-#include "runtime/Value.h"
 #include "runtime/WriteList.h"
 #include "support/App.h"
+#include "support/TempDir.h"
 
-namespace sw {
+namespace sw::test {
 namespace {
 
-using test::ErrorOf;
-
 TEST(Random, ClassicSequenceSeedsAndRandomize) {
-  Random r;
+  Random r, a;
   for (float e : {0.7055475f, 0.533424f, 0.5795186f, 0.2895625f, 0.301948f}) EXPECT_NEAR(r.Rnd(), e, 5e-7f);
   // A negative argument restarts at a point fixed by the argument alone; 0 repeats without advancing.
-  Random a;
   EXPECT_NEAR(a.Rnd(-1.0f), 0.224007f, 5e-7f);
-  const float n1 = a.Rnd();
-  EXPECT_EQ(a.Rnd(0.0f), n1);
-  EXPECT_EQ(a.Rnd(0.0f), n1);
-  const float n2 = a.Rnd();
+  const float n1 = a.Rnd(), again = a.Rnd(0.0f), n2 = a.Rnd();
   r.Rnd(-1.0f);
-  EXPECT_EQ(r.Rnd(), n1);
-  EXPECT_EQ(r.Rnd(), n2);
-  for (int i = 0; i < 10000; ++i) {
-    const float v = r.Rnd();
-    ASSERT_TRUE(v >= 0.0f && v < 1.0f && v * 16777216.0f == std::floor(v * 16777216.0f)) << v;
-  }
+  EXPECT_EQ(std::vector<float>({n1, again, n2}), std::vector<float>({r.Rnd(), n1, r.Rnd()}));
+  for (int i = 0; i < 10000; ++i)
+    if (const float v = r.Rnd(); !(v >= 0 && v < 1 && v * 16777216.0f == std::floor(v * 16777216.0f))) FAIL() << v;
   // Randomize mixes in the upper half of the double (1.0: 0x3FF00000) and keeps the low byte.
-  r.SetState(0xABCDEF);
-  r.Randomize(1.0);
-  EXPECT_EQ(r.State(), 0x3FF0EFu);
-  Random b, c, d;  // the low bits of the double do not count
-  b.Randomize(12345.0);
-  c.Randomize(12345.0 + 1e-9);
-  d.Randomize(54321.0);
-  EXPECT_EQ(b.State(), c.State());
-  EXPECT_NE(b.State(), d.State());
+  auto seeded = [](double t) { Random x; x.SetState(0xABCDEF); x.Randomize(t); return x.State(); };
+  EXPECT_EQ(seeded(1.0), 0x3FF0EFu);  // the low bits of the double do not count
+  EXPECT_TRUE(seeded(12345.0) == seeded(12345.0 + 1e-9) && seeded(12345.0) != seeded(54321.0));
 }
 
 TEST(Checked, SixteenBitOverflowAndCIntRounding) {
-  EXPECT_EQ(Mul16(5, 1500), 7500);
-  EXPECT_EQ(Add16(32766, 1), 32767);
-  EXPECT_EQ(ErrorOf([] { Mul16(25, 1500); }), 6);
-  EXPECT_EQ(ErrorOf([] { Add16(32767, 1); }), 6);
-  EXPECT_EQ(ErrorOf([] { Sub16(-32768, 1); }), 6);
-  EXPECT_EQ(ErrorOf([] { Add32(2147483647, 1); }), 6);
-  EXPECT_EQ(RuntimeError(6).Description(), "Overflow");
+  EXPECT_EQ(std::vector<int>({Mul16(5, 1500), Add16(32766, 1), CLng(40000.5)}), std::vector<int>({7500, 32767, 40000}));
+  for (auto f : {+[] { Mul16(25, 1500); }, +[] { Add16(32767, 1); }, +[] { Sub16(-32768, 1); },
+                 +[] { Add32(2147483647, 1); }, +[] { CLng(2147483647.5); }})
+    EXPECT_EQ(ErrorOf(f), 6);
   // Halves go to the even neighbour.
   const std::pair<double, int> rounded[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},         {-2.5, -2},
                                             {-3.5, -4}, {2.4999, 2}, {32767.4, 32767}, {-32768.5, -32768}};
   for (auto [v, n] : rounded) EXPECT_EQ(CInt(v), n) << v;
   for (double v : {32767.5, 40000.0, -32769.0, double(NAN)}) EXPECT_EQ(ErrorOf([v] { CInt(v); }), 6) << v;
-  EXPECT_EQ(CLng(40000.5), 40000);
-  EXPECT_EQ(ErrorOf([] { CLng(2147483647.5); }), 6);
 }
 
 TEST(NumText, ValStrAndThousands) {
-  const std::pair<const char*, double> vals[] = {{" 1", 1},  {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},
-                                                 {"", 0},    {"3.75e2x", 375},  {".5", 0.5},    {"&HFF", 255},
-                                                 {"&HFFFF", -1}, {"1e", 1}};
+  const std::pair<const char*, double> vals[] = {
+      {" 1", 1},      {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},      {"", 0},        {"3.75e2x", 375},
+      {".5", 0.5},    {"&HFF", 255},     {"&hff", 255},  {"&HFFFF", -1},  {"&O17", 15},   {"&o777", 511},
+      {"&O8", 0},     {"1e", 1}};
   for (auto [t, v] : vals) EXPECT_EQ(Val(t), v) << t;
-  const std::pair<const char*, bool> numeric[] = {{" 1", true},    {"-1", true},   {"2.5E3", true},
+  const std::pair<const char*, bool> numeric[] = {{" 1", true},   {"-1", true}, {"2.5E3", true}, {"&hfF", true},
                                                   {"abc", false}, {"7x", false}, {"", false}};
   for (auto [t, n] : numeric) EXPECT_EQ(IsNumeric(t), n) << t;
   // Str gives a non-negative number a leading blank; concatenation gives none.
-  EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5), " 1 0-1 .5");
+  EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5) + Str(INFINITY) + Str(-INFINITY), " 1 0-1 .5 Infinity-Infinity");
   EXPECT_EQ(NumText(-7.0) + "|" + NumText(0.25) + "|" + NumText(0.7055475f), "-7|0.25|0.7055475");
   EXPECT_EQ(Value(int16_t{-1}).Text() + Value(true).Text() + Value(false).Text() + Value().Text(), "-1TrueFalse");
-  const std::pair<double, const char*> thousands[] = {{0, "0"},           {999, "999"},
-                                                      {1000, "1,000"},     {-1234, "-1,234"},
-                                                      {1234567, "1,234,567"}, {2147483647, "2,147,483,647"}};
+  const std::pair<double, const char*> thousands[] = {{0, "0"},
+      {999, "999"}, {1000, "1,000"}, {-1234, "-1,234"}, {1234567, "1,234,567"}, {2147483647, "2,147,483,647"}};
   for (auto [v, t] : thousands) EXPECT_EQ(FormatThousands(v), t);
 }
 
@@ -85,13 +72,10 @@ TEST(WriteList, LinesReadBackAndDamagedLinesAreTolerated) {
   EXPECT_EQ(r.ReadItem().Number(), 250);
   EXPECT_EQ(r.ReadItem().Number(), 3);
   const ListItem name = r.ReadItem();
-  EXPECT_TRUE(name.quoted);
-  EXPECT_EQ(name.text, "Smith, John  Q");
+  EXPECT_TRUE(name.quoted && name.text == "Smith, John  Q") << name.text;
   const std::vector<ListItem> line = r.ReadLine();
   ASSERT_EQ(line.size(), 2u);
-  EXPECT_EQ(line[1].text, " 1");
-  EXPECT_TRUE(line[1].IsNumeric());
-  EXPECT_TRUE(r.Eof());
+  EXPECT_TRUE(line[1].text == " 1" && line[1].IsNumeric() && r.Eof());
   EXPECT_EQ(ErrorOf([&] { r.ReadItem(); }), 62);
 
   // Blanks around items, LF alone, junk after a closing quote, a string cut by the line's end.
@@ -102,5 +86,81 @@ TEST(WriteList, LinesReadBackAndDamagedLinesAreTolerated) {
   EXPECT_EQ(read, "Diff|3|Name|x|unterminated|");
 }
 
+// A line with one item where two are due.
+const std::string kDamagedOptions = "\"Version\",\"1.14\"\r\n\"LastOption\"\r\n";
+// One player besides the guest (whose own settings are never saved).
+const std::string kAnn = "\"Version\",\"1.14\"\r\n\"LastOption\",\" 1\"\r\n\"OptionNum\",1\r\n\"UserName\",\"Ann\"\r\n";
+
+unsigned ModeOf(const char* name) { struct stat st {}; return ::stat(name, &st) == 0 ? st.st_mode & 07777 : 0; }
+std::string Titles(const FakeWindow& w) { std::string t; for (auto& m : w.messages) t += m.szTitle + "|"; return t; }
+
+void Load(App& a) { a.sw.optsFile.LoadOptions(); a.sw.hs.LoadHighScores(); }
+void Save(App& a) { a.sw.optsFile.SaveOptions(); a.sw.hs.WriteHighScores(); }
+
+TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
+  TempDir dir;
+  const std::set<std::string> files{Options::kFileName, HighScores::kFileName};
+  App m, a, b;
+  Load(m);  // missing: the notice, nothing to keep
+  Save(m);
+  EXPECT_EQ(DirNames(), files);
+  Spit(Options::kFileName, kDamagedOptions);
+  Spit(HighScores::kFileName, "this is no list file\r\n");
+  Load(a);
+  EXPECT_EQ(Titles(a.w), "Error: LoadOptions|Error: LoadHighScoresError|");
+  EXPECT_EQ(DirNames(), files);  // loading alone writes nothing
+  Save(a);
+  EXPECT_EQ(ModeOf("sw.opt.bad"), 0600u);
+  Load(b);  // the new files are good ones: a later save copies nothing and keeps the first copy as it is
+  Save(b);
+  EXPECT_EQ(Titles(b.w) + std::to_string(DirNames().size()), "4");
+  EXPECT_EQ(Slurp("sw.opt.bad") + Slurp("SWhscore.dat.bad"), kDamagedOptions + "this is no list file\r\n");
+}
+
+TEST(KeepAside, NewFilesGetExactModes) {
+  TempDir dir;
+  const mode_t mask = ::umask(022);  // a written file's mode passes through the umask, a saved one's does not
+  WriteFile("plain", "");
+  WriteFileAtomic("saved", "");
+  ::umask(mask);
+  EXPECT_EQ(std::vector<unsigned>({ModeOf("plain"), ModeOf("saved")}), std::vector<unsigned>({0644, 0644}));
+}
+
+TEST(KeepAside, ReadersTakeTheFilesBytes) {
+  TempDir dir;
+  App a, b;
+  a.sw.optsFile.LoadOptionsFrom(kAnn);
+  a.sw.opts.gopOpts[1].szUserName = "Whisk";
+  a.sw.hs.Entry(HighScores::kAllTime, 2, 1) = WebmasterEntry{1234, 5, "Ann"};
+  const std::string options = a.sw.optsFile.OptionsText(), lists = a.sw.hs.FileText();
+  a.sw.hs.WriteHighScores();
+  EXPECT_EQ(Slurp(HighScores::kFileName), lists);  // what is written is what FileText gives
+  b.sw.optsFile.LoadOptionsFrom(options);
+  b.sw.hs.LoadHighScoresFrom(lists);
+  EXPECT_EQ(Titles(b.w) + b.sw.optsFile.OptionsText() + b.sw.hs.PlainText(), options + a.sw.hs.PlainText());
+  EXPECT_EQ(DirNames(), std::set<std::string>{HighScores::kFileName});  // nothing else touched the disk
+  b.sw.hs.LoadHighScoresFrom("garbage");  // bytes that do not load are reported as a file would be
+  EXPECT_EQ(Titles(b.w), "Error: LoadHighScoresError|");
+}
+
+TEST(KeepAside, TwoGamesSavingAtOnceNeverClash) {
+  TempDir dir;
+  pid_t pids[2];  // two processes, as two copies of the game in one directory, each saving 200 times
+  for (int k = 0; k < 2; ++k) {
+    if ((pids[k] = fork()) != 0) continue;
+    App a;
+    a.sw.optsFile.LoadOptionsFrom(kAnn);
+    a.sw.opts.gopOpts[1].szUserName = k == 0 ? "First" : "Second";
+    _exit(ErrorOf([&a] { for (int i = 0; i < 200; ++i) a.sw.optsFile.SaveOptions(); }));  // the error, if any
+  }
+  for (int status = 0; pid_t pid : pids)
+    EXPECT_TRUE(waitpid(pid, &status, 0) == pid && WIFEXITED(status) && WEXITSTATUS(status) == 0) << "a save failed";
+  EXPECT_EQ(DirNames(), std::set<std::string>{Options::kFileName});  // no temporaries left behind
+  App check;  // one whole file from one of them
+  check.sw.optsFile.LoadOptions();
+  ASSERT_TRUE(Titles(check.w).empty() && check.sw.opts.gopOpts.size() == 2u);
+  EXPECT_TRUE((std::set<std::string>{"First", "Second"}.contains(check.sw.opts.gopOpts[1].szUserName)));
+}
+
 }  // namespace
-}  // namespace sw
+}  // namespace sw::test
