@@ -141,7 +141,7 @@ TEST(SiteEndTest, OverflowOnHardIsReportedAndTheGameGoesOn) {
   EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({5, 1, 8}));
   EXPECT_EQ(b.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
   const CoordPair before = b.g.gctPlayerPos;
-  b.Key(before.nRow > 0 ? '8' : '2');
+  b.Key(before.nRow > 0 ? '8' : '2');  // the game goes on
   EXPECT_NE(b.g.gctPlayerPos, before);
 }
 
