@@ -88,7 +88,8 @@ TEST(PauseTest, AWaitRefusesTheGuardedCommands) {
     command();
     EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
   }
-  EXPECT_EQ(std::vector<int>({int(b.w.messages.size()), int(b.w.dialogs.size()), b.g.gnGameNum, b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
+  EXPECT_EQ(std::vector<int>({int(b.w.messages.size()), int(b.w.dialogs.size()), b.g.gnGameNum,
+                              b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
             std::vector<int>({0, 0, 1, 2, 0, 0}));
 }
 

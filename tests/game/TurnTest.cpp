@@ -169,7 +169,8 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
   for (const auto& f : falls) {
     b.eng.LagDown();
     EXPECT_EQ(Lag(b), f.lag);
-    EXPECT_EQ(std::make_pair(b.w.bar.BarColor, b.Caption(Label::lblNetLag)), std::make_pair(f.color, std::to_string(f.lag[1])));
+    EXPECT_EQ(std::make_pair(b.w.bar.BarColor, b.Caption(Label::lblNetLag)),
+              std::make_pair(f.color, std::to_string(f.lag[1])));
   }
   EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(color::Blue, color::White));
   b.w.labelColors.clear();
