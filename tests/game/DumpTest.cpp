@@ -38,8 +38,7 @@ TEST(StateDump, SectionsLabelsAndObjects) {
   b.sw.dump.DebugWriteAll();
   const std::vector<std::string> dump = LinesAfter(Slurp(DebugLog::kFileName), start);
   ASSERT_GE(dump.size(), 50u);
-  EXPECT_EQ(dump.front(), "Begin: DebugWriteAll");
-  EXPECT_EQ(dump.back(), "End: DebugWriteAll");
+  EXPECT_EQ(dump.front() + "|" + dump.back(), "Begin: DebugWriteAll|End: DebugWriteAll");
   for (const char* line :
        {"---Options---", "Option Profile=0 (max=0)", "Player Name=Guest", "Difficulty=3", "Map Size=3(14,24)",
         "---Commands (selected)---", "Control Profile=Number Pad (Default) [Profile #1]", "Move Up=56='8'",
@@ -65,9 +64,8 @@ TEST(StateDump, MarksAndSwitchingTheLogOn) {
   TempDir dir;
   Board b;
   b.sw.menu.menUseDL_Click();  // switched on from the menu: a dump follows the header
-  std::string log = Slurp(DebugLog::kFileName);
-  EXPECT_NE(log.find("| SKITTERWEB"), std::string::npos);
-  EXPECT_NE(log.find("Begin: DebugWriteAll"), std::string::npos);
+  const std::string log = Slurp(DebugLog::kFileName);
+  EXPECT_LT(log.find("| SKITTERWEB"), log.find("Begin: DebugWriteAll"));
 
   DebugMarkDialog& mark = b.sw.mark;
   for (const char* comment : {"", "the virus walked through a wall"}) {
@@ -83,13 +81,10 @@ TEST(StateDump, MarksAndSwitchingTheLogOn) {
     const std::vector<std::string> lines = LinesAfter(Slurp(DebugLog::kFileName), start);
     ASSERT_GE(lines.size(), 6u);
     EXPECT_EQ(lines[0], "");
-    std::string rows;
-    for (int i = 0; i < 45; ++i) rows += "#-";
-    EXPECT_EQ(lines[1], rows);
+    EXPECT_EQ(lines[1], "#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-#-");
     EXPECT_EQ(lines[3].rfind("{{ Mark Debug Log }} (variables) Time=", 0), 0u) << lines[3];
     EXPECT_NE(lines[3].find(" gopOpts(gnOpt).szUserName=Guest"), std::string::npos);
-    const std::string next = *comment ? std::string("     --> ") + comment : "Begin: DebugWriteAll";
-    EXPECT_EQ(lines[4], next);
+    EXPECT_EQ(lines[4], *comment ? std::string("     --> ") + comment : "Begin: DebugWriteAll");
     EXPECT_FALSE(mark.bShown);
   }
 
@@ -101,6 +96,10 @@ TEST(StateDump, MarksAndSwitchingTheLogOn) {
   };
   b.sw.menu.menMarkDL_Click();
   EXPECT_EQ(Slurp(DebugLog::kFileName), before);
+  // A look for a virus is traced only when one was found: a turn of one lone virus traces none.
+  b.Set(At(5, 5), {At(20, 12)});
+  b.Key('5');
+  EXPECT_EQ(Slurp(DebugLog::kFileName).find("{{ CheckVirus }}", before.size()), std::string::npos);
 }
 
 }  // namespace sw::test

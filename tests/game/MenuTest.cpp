@@ -26,10 +26,10 @@ std::vector<std::string> Answered(Board& b, std::initializer_list<int16_t> answe
 TEST(MenuTest, NewGameAsksWhileAGameIsOn) {
   Board b;
   MainMenu& m = b.sw.menu;
-  EXPECT_EQ(Answered(b, {7}, [&] { m.menNewGame_Click(); }), std::vector<std::string>{kNewGame});
-  EXPECT_EQ(b.g.gnGameNum, 1);
-  EXPECT_EQ(Answered(b, {6}, [&] { m.menNewGame_Click(); }), std::vector<std::string>{kNewGame});
-  EXPECT_EQ(b.g.gnGameNum, 2);
+  for (int16_t answer : {7, 6}) {
+    EXPECT_EQ(Answered(b, {answer}, [&] { m.menNewGame_Click(); }), std::vector<std::string>{kNewGame});
+    EXPECT_EQ(b.g.gnGameNum, 8 - answer);  // No keeps the game, Yes starts one
+  }
   b.g.gbGameOn = 0;  // game over: nothing to lose, nothing asked
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
@@ -48,17 +48,15 @@ TEST(MenuTest, DifficultyAsksChangesAndRestarts) {
   const std::string ask = "Change Game Difficulty: Changing the game difficulty to hard will start a new game.\n"
                           "Are you sure you want to loose your game in progress?";
   EXPECT_EQ(Answered(b, {7}, [&] { m.menDiffLevel_Click(3); }), std::vector<std::string>{ask});
-  EXPECT_EQ(b.sw.opts.Current().nDiff, 2);
-  EXPECT_EQ(b.g.gnGameNum, 1);
+  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nDiff, b.g.gnGameNum}), std::vector<int>({2, 1}));
 
   b.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 12345;
   EXPECT_EQ(Answered(b, {6}, [&] { m.menDiffLevel_Click(3); }), std::vector<std::string>{ask});
-  EXPECT_EQ(b.sw.opts.Current().nDiff, 3);
-  EXPECT_EQ(b.g.gnGameNum, 2);
-  EXPECT_EQ(b.Caption(Label::lblDiff), "Hard");
-  EXPECT_EQ(b.Caption(Label::lblHighScore), "12,345");
-  for (Menu item : {Menu::menDiffLevel1, Menu::menDiffLevel2, Menu::menDiffLevel4}) EXPECT_FALSE(b.w.checked[item]);
-  EXPECT_TRUE(b.w.checked[Menu::menDiffLevel3]);
+  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nDiff, b.g.gnGameNum, b.w.checked[Menu::menDiffLevel1],
+                              b.w.checked[Menu::menDiffLevel2], b.w.checked[Menu::menDiffLevel3],
+                              b.w.checked[Menu::menDiffLevel4]}),
+            std::vector<int>({3, 2, 0, 0, 1, 0}));
+  EXPECT_EQ(b.Caption(Label::lblDiff) + " " + b.Caption(Label::lblHighScore), "Hard 12,345");
 
   // The level in force again: no question, no new game.
   EXPECT_TRUE(Answered(b, {}, [&] { m.menDiffLevel_Click(3); }).empty());
@@ -79,10 +77,9 @@ TEST(MenuTest, StartingSiteIsKeptForTheNextGameWhenTheCurrentOneIsKept) {
       "Change Starting Site Number: Would you like to abandon your current game and start a new one with 4 sites "
       "already hit?"};
   EXPECT_EQ(Answered(b, {7}, [&] { m.menStartSiteNum_Click(4); }), ask);
-  EXPECT_EQ(b.sw.opts.Current().nStartSite, 4);
-  EXPECT_EQ(std::vector<int>({b.g.gnGameNum, b.g.gnSitesHit}), std::vector<int>({1, 0}));
-  EXPECT_TRUE(b.w.checked[Menu::menStartSiteNum4]);
-  EXPECT_FALSE(b.w.checked[Menu::menStartSiteNum0]);
+  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit,
+                              b.w.checked[Menu::menStartSiteNum4], b.w.checked[Menu::menStartSiteNum0]}),
+            std::vector<int>({4, 1, 0, 1, 0}));
   b.eng.StartGame();
   EXPECT_EQ(b.g.gnSitesHit, 4);
 
@@ -96,12 +93,10 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
   TempDir dir;
   Board b;
   MainMenu& m = b.sw.menu;
-  m.menGrid_Click();  // off: the cells take the grid lines' room
-  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().bGrid, b.w.cellTw, b.w.gridLines, b.w.checked[Menu::menGrid]}),
-            std::vector<int>({0, 490, 0, 0}));
-  m.menGrid_Click();
-  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().bGrid, b.w.cellTw, b.w.gridLines, b.w.checked[Menu::menGrid]}),
-            std::vector<int>({-1, 480, 1, 1}));
+  for (const std::vector<int>& want : {std::vector<int>({0, 490, 0, 0}), std::vector<int>({-1, 480, 1, 1})}) {
+    m.menGrid_Click();  // off: the cells take the grid lines' room
+    EXPECT_EQ(std::vector<int>({b.sw.opts.Current().bGrid, b.w.cellTw, b.w.gridLines, b.w.checked[Menu::menGrid]}), want);
+  }
 
   // Sound off: nothing is played and PlaySound writes no trace line.
   b.sw.opts.Current().bSound = -1;
@@ -133,8 +128,7 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
   EXPECT_EQ(std::vector<int>({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel3],
                               a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit}),
             std::vector<int>({1, 2, 490, 1, 1, 0}));
-  EXPECT_EQ(a.w.captions[Label::lblDiff], "Hard");
-  EXPECT_EQ(a.w.bar.Max, 13);
+  EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
 }
 
 TEST(MenuTest, QuitAndTheQuietEnd) {
@@ -142,20 +136,17 @@ TEST(MenuTest, QuitAndTheQuietEnd) {
   Board b;
   MainMenu& m = b.sw.menu;
   EXPECT_EQ(Answered(b, {7}, [&] { m.Form_Unload(); }).size(), 1u);  // No keeps the game
-  EXPECT_EQ(b.w.ended, 0);
-  EXPECT_FALSE(std::filesystem::exists(Options::kFileName));
+  EXPECT_EQ(std::make_pair(b.w.ended, std::filesystem::exists(Options::kFileName)), std::make_pair(0, false));
   EXPECT_EQ(Answered(b, {6}, [&] { m.menQuit_Click(); }).at(0),
             "Quit Skitterweb: Are you sure you want to quit and loose your game in progress?");
-  EXPECT_EQ(b.w.ended, 1);
-  EXPECT_TRUE(std::filesystem::exists(Options::kFileName));
+  EXPECT_EQ(std::make_pair(b.w.ended, std::filesystem::exists(Options::kFileName)), std::make_pair(1, true));
 
   std::remove(Options::kFileName);
   b.sw.opts.Current().bSound = -1;
   b.w.sleeps.clear();
   EXPECT_TRUE(Answered(b, {}, [&] { m.EndSession(); }).empty());  // a signal: no question, sound or pause
   EXPECT_TRUE(b.w.sleeps.empty());
-  EXPECT_EQ(b.w.ended, 2);
-  EXPECT_TRUE(std::filesystem::exists(Options::kFileName));
+  EXPECT_EQ(std::make_pair(b.w.ended, std::filesystem::exists(Options::kFileName)), std::make_pair(2, true));
 }
 
 TEST(MenuTest, KeysStandForCommandsOfTheProfile) {

@@ -11,12 +11,7 @@
 namespace sw::test {
 
 TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
-  struct Case {
-    const char* name;
-    int16_t nDiff;
-    std::function<void(Board&)> start;
-  };
-  const Case cases[] = {
+  const struct { const char* name; int16_t nDiff; std::function<void(Board&)> start; } cases[] = {
       {"a move on nightmare", 4, [](Board& b) { b.Key('8'); }},
       {"a wait", 2, [](Board& b) { b.Key('0'); }},
       {"a link on hard", 3, [](Board& b) { b.Key('+'); }},
@@ -28,13 +23,9 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
        }},
       {"a new game", 2, [](Board& b) { b.eng.StartGame(); }},  // its start sound
       {"a message box", 2, [](Board& b) { b.sw.shell.ShowMsg("Note", 0, "Note", "powerup2.mp3"); }},
-      {"the goodbye", 2,
-       [](Board& b) {
-         b.g.gbGameOn = 0;  // nothing to ask
-         b.sw.menu.menQuit_Click();
-       }},
+      {"the goodbye", 2, [](Board& b) { b.g.gbGameOn = 0; b.sw.menu.menQuit_Click(); }},  // nothing to ask
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
     TempDir dir;
     Board b(c.nDiff);
@@ -51,15 +42,13 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
       b.w.sounds.clear();
       b.sw.menu.menNewGame_Click();  // refused; its sound is a pause inside this one
       EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
-      EXPECT_EQ(b.g.gbSleepOn, -1);
       b.Key('2');
       EXPECT_EQ(b.g.gctPlayerPos, at);
-      EXPECT_EQ(std::vector<int>({b.g.gnMoveCount, b.g.gnGameNum, int(b.w.messages.size())}),
-                std::vector<int>({moves, games, int(boxes)}));
+      EXPECT_EQ(std::vector<int>({b.g.gbSleepOn, b.g.gnMoveCount, b.g.gnGameNum, int(b.w.messages.size())}),
+                std::vector<int>({-1, moves, games, int(boxes)}));
     };
     c.start(b);
-    EXPECT_EQ(inside, 1);
-    EXPECT_EQ(b.g.gbSleepOn, 0);
+    EXPECT_EQ(std::make_pair(inside, int(b.g.gbSleepOn)), std::make_pair(1, 0));
     if (b.w.ended) continue;
     // Once the pauses are over, a key plays.
     b.Set(At(5, 5), {At(20, 12)});
@@ -99,10 +88,9 @@ TEST(PauseTest, AWaitRefusesTheGuardedCommands) {
     command();
     EXPECT_EQ(b.w.sounds, std::vector<std::string>{".\\sounds\\powerup2.mp3"});
   }
-  EXPECT_TRUE(b.w.messages.empty());
-  EXPECT_TRUE(b.w.dialogs.empty());
-  EXPECT_EQ(std::vector<int>({b.g.gnGameNum, b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
-            std::vector<int>({1, 2, 0, 0}));
+  EXPECT_EQ(std::vector<int>({int(b.w.messages.size()), int(b.w.dialogs.size()), b.g.gnGameNum,
+                              b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.w.ended}),
+            std::vector<int>({0, 0, 1, 2, 0, 0}));
 }
 
 }  // namespace sw::test
