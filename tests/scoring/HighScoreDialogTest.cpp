@@ -117,7 +117,7 @@ TEST(HighScoreDialog, ListTypeDifficultyAndRowGuardsAtTheirEdges) {
     EXPECT_EQ(d.nFocus, 10);  // the tenth row is earned: the caret waits there
     EXPECT_EQ(d.rows[10].lblScore, "103");
     for (const auto& [type, diff, shownType, shownDiff] :
-         std::vector<std::array<int16_t, 4>>{{1, 4, 1, 4}, {2, 5, 1, 4}, {0, 1, 0, 1}, {-1, 0, 0, 1}}) {
+         std::vector<std::array<int16_t, 4>>{{0, 1, 0, 1}, {1, 4, 1, 4}, {2, 5, 1, 4}, {-1, 0, 1, 4}}) {
       d.optType_Click(type);
       d.optDiff_Click(diff);
       EXPECT_EQ(std::vector<int>({d.nType, d.nDiff}), std::vector<int>({shownType, shownDiff})) << type << diff;
