@@ -137,6 +137,7 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAndSurvivesTheFile) {
     EXPECT_EQ(c.d.cmbKey[kUp].text, "8");
     c.d.cmdOK_Click();
   });
+  for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, m.szTitle == "Invalid Profile Name" ? 0 : 4);
 }
 
 TEST(ControlsDialog, CancelRestoresTheProfileOfThisVisit) {
@@ -154,6 +155,27 @@ TEST(ControlsDialog, CancelRestoresTheProfileOfThisVisit) {
   });
   EXPECT_EQ(c.op.nProfile, 3);
   EXPECT_EQ(c.op.szProfile, "Keyboard Right");
+}
+
+TEST(ControlsDialog, SaveQuestionsAreYesNoAndOnlyYesOpensTheNameDialog) {
+  for (int16_t answer : {6, 7}) {
+    Controls c;
+    c.Visit([&] {
+      c.d.cmbKey_Change(kUp, "w");
+      c.names = {"Mine", "Two"};
+      c.w.answers = {answer};
+      c.d.cmbProfile_Click(1);  // Yes: saved as Mine first, then profile 2 picked
+      c.d.cmbKey_Change(kUp, "q");
+      c.w.answers = {answer};
+      c.d.cmdOK_Click();  // Yes: saved as Two; No: the temporary profile keeps the keys
+    });
+    for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, 4) << m.szTitle;
+    EXPECT_EQ(c.w.messages.size(), 2u);
+    EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), answer == 6 ? 2 : 0);
+    EXPECT_EQ(c.op.cpProfile.size(), answer == 6 ? 7u : 5u);
+    EXPECT_EQ(c.op.szProfile, answer == 6 ? "Two" : "(Temporary)");
+    EXPECT_EQ(c.op.cpProfile[answer == 6 ? 6 : 0].CPMoveUp, 'q');
+  }
 }
 
 TEST(SelectDialog, NothingChosenTheListsSpellingAndCancel) {

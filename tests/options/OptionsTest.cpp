@@ -63,6 +63,7 @@ TEST(OptionsRecord, GuestAndBuiltInProfiles) {
   EXPECT_EQ(o.gopOpts.at(0).szUserName, "Guest");
   const auto& cp = o.gopOpts[0].cpProfile;
   ASSERT_EQ(cp.size(), 5u);
+  EXPECT_EQ(Keys(cp[0]), std::string(17, '\0'));  // the temporary profile starts unset
   // Up, up-right, right, down-right, down, down-left, left, up-left, wait, pause,
   // anti-virus, reboot, backup, restore, upgrade, dedicated line, link.
   EXPECT_EQ(cp[1].szName + "=" + Keys(cp[1]), "Number Pad (Default)=8963214705aebrsd+");

@@ -107,4 +107,33 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   EXPECT_TRUE(b.w.dialogs.empty());
 }
 
+TEST(HighScoreDialog, ListTypeDifficultyAndRowGuardsAtTheirEdges) {
+  Board b;  // normal
+  Fill(b.sw.hs);
+  HighScoreDialog& d = b.sw.webmasters;
+  b.sw.hs.gnGlobalSlot = 10;
+  b.w.onDialog = [&](Dialog) {
+    if (d.nType == 0) return;
+    EXPECT_EQ(d.nFocus, 10);  // the tenth row is earned: the caret waits there
+    EXPECT_EQ(d.rows[10].lblScore, "103");
+    for (const auto& [type, diff, shownType, shownDiff] :
+         std::vector<std::array<int16_t, 4>>{{0, 1, 0, 1}, {1, 4, 1, 4}, {2, 5, 1, 4}, {-1, 0, 1, 4}}) {
+      d.optType_Click(type);
+      d.optDiff_Click(diff);
+      EXPECT_EQ(std::vector<int>({d.nType, d.nDiff}), std::vector<int>({shownType, shownDiff})) << type << diff;
+    }
+    d.optType_Click(1);
+    d.optDiff_Click(2);
+    b.sw.hs.gnGlobalSlot = 11;  // no eleventh row
+    d.txtName_GotFocus(11);
+    EXPECT_EQ(d.nFocus, HighScoreDialog::kDone);
+  };
+  d.ShowHighScores(1, 2);
+  d.ShowHighScores(0, 4);
+  EXPECT_EQ(b.w.dialogs.size(), 2u);
+  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(-1, 2); }), 9);
+  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(2, 2); }), 9);
+  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(1, 5); }), 9);
+}
+
 }  // namespace sw::test

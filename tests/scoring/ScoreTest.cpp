@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
+#include "support/TempDir.h"
 
 namespace sw::test {
 
@@ -39,6 +40,19 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
     EXPECT_EQ(p.sc.glScore, c.points);
     EXPECT_EQ(Shown(p.w), c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown});
   }
+}
+
+TEST(ScoreTest, ANewGameResetsTheMovesAndAnEventWithoutBonusLogsNone) {
+  TempDir dir;
+  Board b;
+  b.g.gnMoveCount = 7;
+  b.sc.InitScore();
+  EXPECT_EQ(b.g.gnMoveCount, 0);
+  b.sw.opts.Current().bDebug = -1;
+  b.sw.session.DebugOpen(true, true);
+  b.sc.AddPoints(7);
+  b.sw.dbg.DebugExit();
+  EXPECT_NE(Slurp(DebugLog::kFileName).find("lBonus=0 "), std::string::npos);
 }
 
 TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
