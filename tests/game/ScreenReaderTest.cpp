@@ -2,26 +2,33 @@
 // the review keys that read the board without playing.
 #include <gtest/gtest.h>
 
-#include <regex>
+#include <cctype>
 
 #include "game/Board.h"
 
 namespace sw::test {
 
+// Whether text matches pattern, where # stands for a number and * for anything.
+static bool Like(const char* t, const char* p) {
+  if (*p == '*') return Like(t, p + 1) || (*t != 0 && Like(t + 1, p));
+  if (*p == '#') return std::isdigit(static_cast<unsigned char>(*t)) && (Like(t + 1, p + 1) || Like(t + 1, p));
+  return *p == *t && (*p == 0 || Like(t + 1, p + 1));
+}
+
 // One key, one sentence of news, or none when the board did not change.
 TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
-  // The answers are to the boxes the turn shows; the news is a pattern, "" for silence.
+  // The answers are to the boxes the turn shows; the news is a pattern (# a number, * anything), "" for silence.
   const struct { const char* name; CoordPair mouse; Cells viruses; char key; int16_t reconnects;
                  std::deque<int16_t> answers; const char* news; } cases[] = {
-      {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6\\. 2 viruses, nearest 3 right, then 6 down\\."},
-      {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash\\. 1 virus, nearest 7 down 14 right\\."},
+      {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
+      {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash. 1 virus, nearest 7 down 14 right."},
       {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
       {"off the map", At(0, 5), {At(20, 13)}, '4', 2, {}, ""},
-      {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died\\. Whisk at \\d+, \\d+\\. 7 viruses, nearest .*\\."},
-      {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit\\. Whisk at \\d+, \\d+\\. 8 viruses, nearest .*\\."},
-      {"game over", At(5, 5), {At(6, 6)}, '5', 0, {1, 7}, "Game over\\."},
-      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {1, 6}, "Game over\\. New game\\. Whisk at \\d+, \\d+\\. 7 viruses.*"},
-      {"link", At(5, 5), {At(23, 13)}, '+', 2, {}, "Whisk at \\d+, \\d+\\. 1 virus, nearest .*\\. lag: yellow\\."},
+      {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died. Whisk at #, #. 7 viruses, nearest *."},
+      {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit. Whisk at #, #. 8 viruses, nearest *."},
+      {"game over", At(5, 5), {At(6, 6)}, '5', 0, {1, 7}, "Game over."},
+      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {1, 6}, "Game over. New game. Whisk at #, #. 7 viruses*"},
+      {"link", At(5, 5), {At(23, 13)}, '+', 2, {}, "Whisk at #, #. 1 virus, nearest *. lag: yellow."},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
@@ -31,7 +38,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
     b.w.answers = c.answers;
     b.sw.news.Form_KeyPress(c.key);
     ASSERT_EQ(b.w.announced.size(), *c.news ? 1u : 0u);
-    if (*c.news) { EXPECT_TRUE(std::regex_match(b.w.announced[0], std::regex(c.news))) << b.w.announced[0]; }
+    if (*c.news) { EXPECT_TRUE(Like(b.w.announced[0].c_str(), c.news)) << b.w.announced[0]; }
   }
 }
 
