@@ -75,7 +75,11 @@ void StartBenchMoves(frmMain& w) {
     if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
   });
   closer->start(50);
-  QTimer::singleShot(500, &w, [&w, n] {
+  // The moves begin once the start is over: keys typed inside its pause play nothing.
+  auto* begin = new QTimer(&w);
+  QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
+    if (w.sw.game.gbSleepOn != 0) return;
+    begin->stop();
     int measured = 0, boxesDuring = 0, warm = 0;
     // One letter per measured move: 'p' for a plain move, 'x' when a virus or a box came into it.
     std::string kinds;
@@ -104,6 +108,7 @@ void StartBenchMoves(frmMain& w) {
     std::fprintf(stderr, "moves=%d boxes=%d kinds=%s\n", measured, boxesDuring, kinds.c_str());
     QCoreApplication::exit(0);
   });
+  begin->start(500);
 }
 
 }  // namespace swui
