@@ -110,6 +110,7 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
   EXPECT_EQ(LastSound(b.w), ".\\sounds\\comp-program start.mp3");
   b.w.answers = {6};
   m.menUseDL_Click();  // off, the log kept
+  EXPECT_EQ(b.sw.opts.Current().bDebug, 0);  // and off in the options saved
   const std::string log = Slurp(DebugLog::kFileName);
   const size_t off = log.find("gopOpts(gnOpt).bSound=0");
   ASSERT_NE(off, std::string::npos);

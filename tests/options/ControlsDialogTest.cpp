@@ -65,7 +65,9 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
     EXPECT_EQ(c.d.cmbKey[kLink].text, "E");
     EXPECT_EQ(c.d.GetCmbKey(kLink), 101);
-    c.d.cmbKey_Change(kWait, "", 4);  // "Tab" picked from the list
+    c.d.cmbKey_Change(kWait, "", 0);  // "Enter", the list's first item
+    EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
+    c.d.cmbKey_Change(kWait, "", 4);  // "Tab", its last
     EXPECT_EQ(c.d.GetCmbKey(kWait), 9);
     c.d.cmbKey_Change(kLink, " ");  // a blank is the Space item
     EXPECT_EQ(c.d.cmbKey[kLink].nListIndex, 2);
