@@ -106,6 +106,21 @@ class TestDialogs : public QObject {
   // name in the selection dialog, and the profile is in force under it.
   void controlsSwapAndSave() {
     InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {
+      // The boxes sit as the number pad's keys (0 and Link on the bottom row); Tab reads them row by row.
+      auto x = [&d](int i) { return d.cmbKey[i]->x(); };
+      auto y = [&d](int i) { return d.cmbKey[i]->y(); };
+      QVERIFY(y(7) == y(9) && y(9) < y(4) && y(4) == y(6) && y(6) < y(1) && y(1) == y(3) && y(3) < y(0) &&
+              y(0) == y(10));
+      QVERIFY(x(7) == x(1) && x(1) == x(0) && x(0) < x(8) && x(8) == x(2) && x(2) < x(9) && x(9) == x(3) &&
+              x(3) == x(10));
+      auto next = [](QWidget* w) {
+        QWidget* n = w->nextInFocusChain();
+        while (w->isAncestorOf(n)) n = n->nextInFocusChain();
+        return n;
+      };
+      const int order[] = {7, 8, 9, 4, 5, 6, 1, 2, 3, 0, 10};
+      for (int k = 0; k + 1 < 11; ++k)
+        QVERIFY2(next(d.cmbKey[order[k]]) == d.cmbKey[order[k + 1]], qPrintable(QString::number(k)));
       d.cmbKey[8]->setFocus();
       QTest::keyClick(d.cmbKey[8]->lineEdit(), '2');  // Up takes 2 from Down, which takes 8
       InNextDialog<swui::frmSelect>([](swui::frmSelect& select) {
