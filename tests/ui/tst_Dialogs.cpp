@@ -106,7 +106,7 @@ class TestDialogs : public QObject {
   // name in the selection dialog, and the profile is in force under it.
   void controlsSwapAndSave() {
     InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {
-      // The boxes sit as the number pad's keys (0 and Link on the bottom row); Tab reads them row by row.
+      // The boxes sit as the number pad's keys, Link and Wait on the bottom row; Tab reads them row by row.
       auto x = [&d](int i) { return d.cmbKey[i]->x(); };
       auto y = [&d](int i) { return d.cmbKey[i]->y(); };
       QVERIFY(y(7) == y(9) && y(9) < y(4) && y(4) == y(6) && y(6) < y(1) && y(1) == y(3) && y(3) < y(0) &&
