@@ -15,6 +15,7 @@ namespace sw::test {
 
 inline CoordPair At(int c, int r) { return CoordPair{static_cast<int16_t>(c), static_cast<int16_t>(r)}; }
 using Cells = std::vector<CoordPair>;
+using Ints = std::vector<int>;  // several counters compared at once
 
 struct Board : App {
   GameState& g = sw.game;
@@ -32,6 +33,10 @@ struct Board : App {
     eng.StartGame();
     w.messages.clear();
     w.sleeps.clear();
+  }
+  // The same, with the board set up at once.
+  Board(int16_t nDiff, CoordPair mouse, const Cells& viruses, const Cells& infected = {}) : Board(nDiff) {
+    Set(mouse, viruses, infected);
   }
 
   // Empties the map and puts the objects on a fresh site: no moves, no link, lag in blue.

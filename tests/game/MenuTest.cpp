@@ -23,7 +23,7 @@ std::vector<std::string> Answered(Board& b, std::initializer_list<int16_t> answe
 
 }  // namespace
 
-TEST(MenuTest, NewGameAsksWhileAGameIsOn) {
+TEST(MenuTest, NewGameAsksWhileAGameIsOnAndAboutNamesTheVersion) {
   Board b;
   MainMenu& m = b.sw.menu;
   for (int16_t answer : {7, 6}) {
@@ -33,11 +33,8 @@ TEST(MenuTest, NewGameAsksWhileAGameIsOn) {
   b.g.gbGameOn = 0;  // game over: nothing to lose, nothing asked
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
-}
-
-TEST(MenuTest, AboutNamesTheBuiltVersion) {
-  Board b;
-  const std::vector<std::string> shown = Answered(b, {1}, [&] { b.sw.menu.menAbout_Click(); });
+  // About names the built version.
+  const std::vector<std::string> shown = Answered(b, {1}, [&] { m.menAbout_Click(); });
   ASSERT_EQ(shown.size(), 1u);
   EXPECT_EQ(shown[0].rfind("About Skitterweb: Skitterweb\nVersion " SKITTERWEB_VERSION "\n\nWritten by", 0), 0u) << shown[0];
 }
@@ -48,14 +45,14 @@ TEST(MenuTest, DifficultyAsksChangesAndRestarts) {
   const std::string ask = "Change Game Difficulty: Changing the game difficulty to hard will start a new game.\n"
                           "Are you sure you want to loose your game in progress?";
   EXPECT_EQ(Answered(b, {7}, [&] { m.menDiffLevel_Click(3); }), std::vector<std::string>{ask});
-  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nDiff, b.g.gnGameNum}), std::vector<int>({2, 1}));
+  EXPECT_EQ(Ints({b.sw.opts.Current().nDiff, b.g.gnGameNum}), Ints({2, 1}));
 
   b.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 12345;
   EXPECT_EQ(Answered(b, {6}, [&] { m.menDiffLevel_Click(3); }), std::vector<std::string>{ask});
-  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nDiff, b.g.gnGameNum, b.w.checked[Menu::menDiffLevel1],
-                              b.w.checked[Menu::menDiffLevel2], b.w.checked[Menu::menDiffLevel3],
-                              b.w.checked[Menu::menDiffLevel4]}),
-            std::vector<int>({3, 2, 0, 0, 1, 0}));
+  EXPECT_EQ(Ints({b.sw.opts.Current().nDiff, b.g.gnGameNum, b.w.checked[Menu::menDiffLevel1],
+                  b.w.checked[Menu::menDiffLevel2], b.w.checked[Menu::menDiffLevel3],
+                  b.w.checked[Menu::menDiffLevel4]}),
+            Ints({3, 2, 0, 0, 1, 0}));
   EXPECT_EQ(b.Caption(Label::lblDiff) + " " + b.Caption(Label::lblHighScore), "Hard 12,345");
 
   // The level in force again: no question, no new game.
@@ -77,14 +74,14 @@ TEST(MenuTest, StartingSiteIsKeptForTheNextGameWhenTheCurrentOneIsKept) {
       "Change Starting Site Number: Would you like to abandon your current game and start a new one with 4 sites "
       "already hit?"};
   EXPECT_EQ(Answered(b, {7}, [&] { m.menStartSiteNum_Click(4); }), ask);
-  EXPECT_EQ(std::vector<int>({b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit,
-                              b.w.checked[Menu::menStartSiteNum4], b.w.checked[Menu::menStartSiteNum0]}),
-            std::vector<int>({4, 1, 0, 1, 0}));
+  EXPECT_EQ(Ints({b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit, b.w.checked[Menu::menStartSiteNum4],
+                  b.w.checked[Menu::menStartSiteNum0]}),
+            Ints({4, 1, 0, 1, 0}));
   b.eng.StartGame();
   EXPECT_EQ(b.g.gnSitesHit, 4);
 
   EXPECT_EQ(Answered(b, {6}, [&] { m.menStartSiteNum_Click(6); }).size(), 1u);
-  EXPECT_EQ(std::vector<int>({b.g.gnGameNum, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({3, 6, 13}));
+  EXPECT_EQ(Ints({b.g.gnGameNum, b.g.gnSitesHit, b.g.gnVirusLive}), Ints({3, 6, 13}));
   EXPECT_TRUE(Answered(b, {}, [&] { m.menStartSiteNum_Click(6); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
 }
@@ -93,9 +90,9 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
   TempDir dir;
   Board b;
   MainMenu& m = b.sw.menu;
-  for (const std::vector<int>& want : {std::vector<int>({0, 490, 0, 0}), std::vector<int>({-1, 480, 1, 1})}) {
+  for (const Ints& want : {Ints({0, 490, 0, 0}), Ints({-1, 480, 1, 1})}) {
     m.menGrid_Click();  // off: the cells take the grid lines' room
-    EXPECT_EQ(std::vector<int>({b.sw.opts.Current().bGrid, b.w.cellTw, b.w.gridLines, b.w.checked[Menu::menGrid]}), want);
+    EXPECT_EQ(Ints({b.sw.opts.Current().bGrid, b.w.cellTw, b.w.gridLines, b.w.checked[Menu::menGrid]}), want);
   }
 
   // Sound off: nothing is played and PlaySound writes no trace line.
@@ -126,9 +123,9 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadHighScoresError: Failed to open high score file\n"
                                                  "Error #53 - File not found"});  // no list yet; nothing asked
   EXPECT_TRUE(a.w.sounds.empty());
-  EXPECT_EQ(std::vector<int>({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel3],
-                              a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit}),
-            std::vector<int>({1, 2, 490, 1, 1, 0}));
+  EXPECT_EQ(Ints({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel3],
+                  a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit}),
+            Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
 }
 
@@ -162,8 +159,7 @@ TEST(MenuTest, KeysStandForCommandsOfTheProfile) {
   mine.CPDedLine = 'q';
   EXPECT_EQ(CommandFor(mine, 'q'), std::nullopt);
 
-  Board b;
-  b.Set(At(5, 5), {At(20, 5)});
+  Board b(2, At(5, 5), {At(20, 5)});
   EXPECT_TRUE(b.eng.DoCommand(Command::MoveRight));
   EXPECT_EQ(b.g.gctPlayerPos, At(6, 5));
   b.sw.opts.Current().nProfile = 2;

@@ -1,4 +1,4 @@
-// The viruses' turn, deaths, game over and sites won.
+// The viruses' turn, deaths, game over and sites won, and whole games played from the keyboard.
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
@@ -11,8 +11,7 @@ const std::string kAgain = "Life program re-initialized. You now have 1 reconnec
 }  // namespace
 
 TEST(VirusTest, ChaseTakesAKingsStepStraightAtTheMouse) {
-  Board b;
-  b.Set(At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)});
+  Board b(2, At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)});
   b.Key('5');
   EXPECT_EQ(b.Viruses(),
             Cells({At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}));
@@ -29,8 +28,7 @@ TEST(VirusTest, CrashesLeaveInfectedServersThatKillLaterViruses) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.viruses.size());
-    Board b;
-    b.Set(At(12, 5), c.viruses, c.infected);
+    Board b(2, At(12, 5), c.viruses, c.infected);
     b.Key('5');
     EXPECT_EQ(b.Viruses(), Cells{At(22, 12)});
     EXPECT_EQ(Cells(b.g.gctInfectedPos.begin() + 1, b.g.gctInfectedPos.end()), Cells(c.servers, At(9, 5)));
@@ -55,16 +53,15 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
   };
   for (const auto& c : causes) {
     SCOPED_TRACE(c.text);
-    Board b;
-    b.Set(At(5, 5), c.viruses, c.infected);
+    Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnSitesHit = 3;
     if (c.key) b.Key(c.key);
     else b.eng.PlayerDead(9);
     EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
     // A reconnect spent, and the same site laid out again.
-    EXPECT_EQ(std::vector<int>({b.w.messages.at(0).nButtons, b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive,
-                                b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
-              std::vector<int>({0, 1, 3, 10, 0, 0, 0, 0}));
+    EXPECT_EQ(Ints({b.w.messages.at(0).nButtons, b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive,
+                    b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
+              Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
     EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
   }
@@ -73,8 +70,7 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
 TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
   for (int16_t answer : {7, 6}) {
     SCOPED_TRACE(answer);
-    Board b;
-    b.Set(At(5, 5), {At(5, 4)});
+    Board b(2, At(5, 5), {At(5, 4)});
     b.g.gnReconnects = 0;
     b.g.gnSitesHit = 4;
     b.sc.glScore = 4321;  // enough for the webmaster lists, entered before the question
@@ -89,22 +85,21 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
     for (int list : {HighScores::kAllTime, HighScores::kPersonal})
       EXPECT_EQ(b.sw.hs.Entry(list, 2, 1), (WebmasterEntry{4321, 4, ""}));
     const bool again = answer == 6;
-    EXPECT_EQ(std::vector<int>({b.g.gnGameNum - games, b.g.gbGameOn, b.g.gnReconnects}),
-              again ? std::vector<int>({1, -1, 2}) : std::vector<int>({0, 0, -1}));
+    EXPECT_EQ(Ints({b.g.gnGameNum - games, b.g.gbGameOn, b.g.gnReconnects}),
+              again ? Ints({1, -1, 2}) : Ints({0, 0, -1}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), again ? "2" : "-");
     if (!again) {  // the game stays over: keys do nothing
       const int16_t moves = b.g.gnMoveCount;
       b.Key('2');
       b.Key('+');
-      EXPECT_EQ(std::vector<int>({b.g.gnMoveCount, int(b.w.messages.size()), int(b.w.At(5, 4))}),
-                std::vector<int>({moves, 3, int(Picture::Death)}));
+      EXPECT_EQ(Ints({b.g.gnMoveCount, int(b.w.messages.size()), int(b.w.At(5, 4))}),
+                Ints({moves, 3, int(Picture::Death)}));
     }
   }
 }
 
-TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHit) {
-  Board b;
-  b.Set(At(12, 5), {At(8, 4), At(8, 6)});
+TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflowsAreReported) {
+  Board b(2, At(12, 5), {At(8, 4), At(8, 6)});
   b.sc.glNextExtraLife = 1;  // the first kill earns a reconnect
   b.Key('5');
   EXPECT_EQ(Shown(b.w),
@@ -116,38 +111,33 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHit) {
                 "Get ready for your next web search!"}));
   // Two kills, the site, no link, few moves, and the lag bonus (never above blue: 8 x 5).
   EXPECT_EQ(b.sc.glScore, 15 + 15 + 100 + 125 + 250 + 40);
-  EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({3, 1, 8}));
+  EXPECT_EQ(Ints({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), Ints({3, 1, 8}));
   EXPECT_EQ(b.Broken(), "");
 
   // Wait ends when the last crash ends the site.
-  Board w;
-  w.Set(At(12, 5), {At(6, 3), At(6, 7)});
+  Board w(2, At(12, 5), {At(6, 3), At(6, 7)});
   w.Key('0');
   EXPECT_EQ(w.w.sleeps, std::vector<int32_t>{200});
-  EXPECT_EQ(std::vector<int>({w.g.gnSitesHit, w.g.gbWaitOn}), std::vector<int>({1, 0}));
+  EXPECT_EQ(Ints({w.g.gnSitesHit, w.g.gbWaitOn}), Ints({1, 0}));
   EXPECT_EQ(w.w.Titles().back(), "Site Hit");
-}
 
-TEST(SiteEndTest, OverflowOnHardIsReportedAndTheGameGoesOn) {
-  Board b(3);
-  b.Set(At(12, 5), {At(8, 4), At(8, 6)});
-  b.g.gnReconnects = 5;
-  b.sc.glNextExtraLife = 10;  // every score call finds the threshold passed
-  b.Key('5');
-  // Each kill's maximum-reconnect bonus overflows; so does the site's first bonus.
-  EXPECT_EQ(b.w.Titles(), (std::vector<std::string>{"Error: KillVirus", "Error: KillVirus", "Bonus Points",
+  // On hard each kill's maximum-reconnect bonus overflows, and so does the site's first bonus; the game goes on.
+  Board h(3, At(12, 5), {At(8, 4), At(8, 6)});
+  h.g.gnReconnects = 5;
+  h.sc.glNextExtraLife = 10;  // every score call finds the threshold passed
+  h.Key('5');
+  EXPECT_EQ(h.w.Titles(), (std::vector<std::string>{"Error: KillVirus", "Error: KillVirus", "Bonus Points",
                                                      "Error: NewSite", "Site Hit"}));
-  for (size_t i : {0u, 1u, 3u}) EXPECT_NE(b.w.messages.at(i).text.find("Overflow"), std::string::npos);
-  EXPECT_EQ(std::vector<int>({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), std::vector<int>({5, 1, 8}));
-  EXPECT_EQ(b.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
-  const CoordPair before = b.g.gctPlayerPos;
-  b.Key(before.nRow > 0 ? '8' : '2');  // the game goes on
-  EXPECT_NE(b.g.gctPlayerPos, before);
+  for (size_t i : {0u, 1u, 3u}) EXPECT_NE(h.w.messages.at(i).text.find("Overflow"), std::string::npos);
+  EXPECT_EQ(Ints({h.g.gnReconnects, h.g.gnSitesHit, h.g.gnVirusLive}), Ints({5, 1, 8}));
+  EXPECT_EQ(h.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
+  const CoordPair before = h.g.gctPlayerPos;
+  h.Key(before.nRow > 0 ? '8' : '2');
+  EXPECT_NE(h.g.gctPlayerPos, before);
 }
 
 TEST(VirusTest, NightmareMovesTheVirusesTwice) {
-  Board b(4);
-  b.Set(At(5, 5), {kFar});
+  Board b(4, At(5, 5), {kFar});
   b.g.gnLag = 3;
   b.Key('6');
   EXPECT_EQ(b.w.sleeps, std::vector<int32_t>{300});
@@ -165,7 +155,36 @@ TEST(VirusTest, NightmareMovesTheVirusesTwice) {
     b.Key(c.key);
     EXPECT_EQ(b.w.sleeps, c.sleeps);
     EXPECT_EQ(b.w.messages.size(), c.deaths);
-    if (c.key == '+') { EXPECT_EQ(b.Viruses(), Cells{At(22, 12)}); }
+    if (c.key == '+') {
+      EXPECT_EQ(b.Viruses(), Cells{At(22, 12)});
+    }
+  }
+}
+
+TEST(WholeGameTest, RandomKeysOnEveryDifficulty) {
+  const char keys[] = {'8', '9', '6', '3', '2', '1', '4', '7', '0', '5', '+', 'a', 'b', 'd', 'x'};
+  for (int16_t diff = 1; diff <= 4; ++diff) {
+    Board b(diff, 3.0 + diff);
+    Random pick;
+    pick.Randomize(diff);
+    int games = 1, sites = 0, deaths = 0;
+    for (int turn = 0; turn < 3000; ++turn) {
+      const int16_t gamesBefore = b.g.gnGameNum, sitesBefore = b.g.gnSitesHit;
+      b.Key(keys[static_cast<int>(pick.Rnd() * static_cast<float>(sizeof keys))]);
+      ASSERT_EQ(b.g.gbGameOn, -1);  // "Play again?" is answered Yes
+      if (b.g.gnGameNum != gamesBefore) ++games;
+      else sites += b.g.gnSitesHit - sitesBefore;
+      ASSERT_EQ(b.Broken(), "") << "difficulty " << diff << " turn " << turn;
+      for (const ShownMsg& m : b.w.messages) {
+        ASSERT_NE(m.szTitle.rfind("Error", 0), 0u) << m.szTitle << ": " << m.text;
+        deaths += m.szTitle == "Player Died";
+      }
+      b.w.messages.clear();
+    }
+    // A random walker loses games and wins some sites along the way.
+    EXPECT_GT(games, 1) << diff;
+    EXPECT_GT(sites, 0) << diff;
+    EXPECT_GT(deaths, 2) << diff;
   }
 }
 
