@@ -114,41 +114,38 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
   for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, m.szTitle == "Invalid Profile Name" ? 0 : 4);
 }
 
-TEST(ControlsDialog, CancelRestoresTheProfileOfThisVisit) {
-  Controls c;
-  c.op.nProfile = 3;
-  c.op.szProfile = "Keyboard Right";
-  c.Visit([&] {
-    EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
-    c.d.cmbKey_Change(kUp, "z");
-    c.w.answers = {7};  // picking a profile while temporary: not saved first
-    c.d.cmbProfile_Click(1);
-    EXPECT_EQ(Shown(c.w).back().rfind("Select New Profile: ", 0), 0u);
-    EXPECT_EQ(c.op.nProfile, 2);
-    c.d.cmdCancel_Click();
-  });
-  EXPECT_EQ(c.op.nProfile, 3);
-  EXPECT_EQ(c.op.szProfile, "Keyboard Right");
-}
-
-TEST(ControlsDialog, SaveQuestionsAreYesNoAndOnlyYesOpensTheNameDialog) {
-  for (int16_t answer : {6, 7}) {
+// Picking a profile, or OK, while the keys are temporary asks Yes/No first, and only Yes opens the name
+// dialog; Cancel puts back the profile the visit began with and stores no key.
+TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit) {
+  const struct { int answer, shown, selects, profiles, nProfile; std::string name; int up; } cases[] = {
+      {6, 2, 2, 7, 6, "Two", 'q'},  // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
+      {7, 2, 0, 5, 0, "(Temporary)", 'q'},  // No: the temporary profile keeps the keys
+      {2, 1, 0, 5, 3, "Keyboard Right", 0},  // No to the first question, then Cancel
+  };
+  for (const auto& t : cases) {
+    SCOPED_TRACE(t.answer);
     Controls c;
+    c.op.nProfile = 3;
+    c.op.szProfile = "Keyboard Right";
     c.Visit([&] {
+      EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
       c.d.cmbKey_Change(kUp, "w");
       c.names = {"Mine", "Two"};
-      c.w.answers = {answer};
-      c.d.cmbProfile_Click(1);  // Yes: saved as Mine first, then profile 2 picked
+      c.w.answers = {int16_t(t.answer == 6 ? 6 : 7)};
+      c.d.cmbProfile_Click(1);
+      EXPECT_EQ(c.op.nProfile, 2);
       c.d.cmbKey_Change(kUp, "q");
-      c.w.answers = {answer};
-      c.d.cmdOK_Click();  // Yes: saved as Two; No: the temporary profile keeps the keys
+      c.w.answers = {int16_t(t.answer)};
+      if (t.answer == 2) c.d.cmdCancel_Click();
+      else c.d.cmdOK_Click();
     });
+    EXPECT_EQ(Shown(c.w).at(0).rfind("Select New Profile: ", 0), 0u);
     for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, 4) << m.szTitle;
-    EXPECT_EQ(c.w.messages.size(), 2u);
-    EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), answer == 6 ? 2 : 0);
-    EXPECT_EQ(c.op.cpProfile.size(), answer == 6 ? 7u : 5u);
-    EXPECT_EQ(c.op.szProfile, answer == 6 ? "Two" : "(Temporary)");
-    EXPECT_EQ(c.op.cpProfile[answer == 6 ? 6 : 0].CPMoveUp, 'q');
+    EXPECT_EQ(int(c.w.messages.size()), t.shown);
+    EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), t.selects);
+    ASSERT_EQ(int(c.op.cpProfile.size()), t.profiles);
+    EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, std::to_string(t.nProfile) + " " + t.name);
+    EXPECT_EQ(c.op.cpProfile[t.answer == 6 ? 6 : 0].CPMoveUp, t.up);
   }
 }
 
