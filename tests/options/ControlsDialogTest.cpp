@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "support/App.h"
-#include "support/TempDir.h"
 
 namespace sw::test {
 
@@ -17,33 +16,27 @@ struct Controls : App {
   CommandListDialog& d = sw.controls;
   SelectDialog& sel = sw.select;
   OptionProfile& op = sw.opts.gopOpts[0];
-  // The player's answers to the selection dialog, one text per opening ("" cancels).
-  std::vector<std::string> names;
+  std::function<void()> visit;     // what the player does inside the controls dialog
+  std::vector<std::string> names;  // the answers to the selection dialog, one per opening; none left cancels
 
   Controls() {
     op.bSound = 0;
     w.onDialog = [this](Dialog which) {
-      if (which != Dialog::frmSelect) return;
-      if (names.empty() || names.front().empty()) {
+      if (which == Dialog::frmCommandList) {
+        visit();
+      } else if (names.empty()) {
         sel.cmdCancel_Click();
       } else {
         sel.cmbSelect_Change(names.front());
+        names.erase(names.begin());
         sel.cmdOk_Click();
       }
-      if (!names.empty()) names.erase(names.begin());
     };
   }
-  // Opens the dialog and runs `visit` inside it.
-  void Visit(const std::function<void()>& visit) {
-    const auto select = w.onDialog;
-    w.onDialog = [this, visit, select](Dialog which) {
-      if (which != Dialog::frmCommandList) return;
-      const auto inside = visit;  // this closure is replaced before the visit runs
-      w.onDialog = select;
-      inside();
-    };
+  // Opens the dialog and runs `f` inside it.
+  void Visit(std::function<void()> f) {
+    visit = std::move(f);
     d.Show();
-    w.onDialog = select;
   }
 };
 
@@ -52,13 +45,11 @@ struct Controls : App {
 TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
   Controls c;
   c.Visit([&] {
-    EXPECT_EQ(c.d.cmbKey[kUp].text, "8");
-    EXPECT_EQ(c.d.cmbKey[kDown].text, "2");
+    EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text, "82");
     EXPECT_EQ(c.d.cmbProfileItems.size(), 4u);
     EXPECT_EQ(c.d.nProfileIndex, 0);
     c.d.cmbKey_Change(kUp, "2");  // Down holds 2: it takes Up's old 8
-    EXPECT_EQ(c.d.cmbKey[kUp].text, "2");
-    EXPECT_EQ(c.d.cmbKey[kDown].text, "8");
+    EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text, "28");
     EXPECT_EQ(std::vector<int>({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}),
               std::vector<int>({0, -1, 1, 0}));
     EXPECT_EQ(c.op.szProfile, "(Temporary)");
@@ -68,8 +59,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.d.cmbKey_Change(kWait, "", 0);  // "Enter", the list's first item
     EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
     c.d.cmbKey_Change(kWait, "", 4);  // "Tab", its last
-    EXPECT_EQ(c.d.GetCmbKey(kWait), 9);
-    c.d.cmbKey_Change(kLink, " ");  // a blank is the Space item
+    c.d.cmbKey_Change(kLink, " ");    // a blank is the Space item
     EXPECT_EQ(c.d.cmbKey[kLink].nListIndex, 2);
     c.d.cmbKey_Change(kUp, "");  // an empty text is left alone, and leaving puts the key back
     c.d.cmbKey[kUp].text.clear();
@@ -78,48 +68,30 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.w.answers = {7};  // Set: not saved, the temporary profile plays
     c.d.cmdOK_Click();
   });
-  EXPECT_EQ(c.op.nProfile, 0);
   const ControlProfile& temp = c.op.cpProfile[0];
   EXPECT_EQ(std::vector<int>({temp.CPMoveUp, temp.CPMoveDown, temp.CPWait, temp.CPLink}),
             std::vector<int>({'2', '8', 9, 32}));
   EXPECT_EQ(Shown(c.w).at(0).rfind("Save current control settings?: ", 0), 0u);
-
   // A stored 9 shows the Tab item; the temporary profile is what the dialog shows next time.
-  c.Visit([&] {
-    EXPECT_EQ(c.d.cmbKey[kWait].text, "Tab");
-    EXPECT_EQ(c.d.cmbKey[kWait].nListIndex, 4);
-    c.d.cmdCancel_Click();
-  });
+  c.Visit([&] { EXPECT_EQ(c.d.cmbKey[kWait].text + std::to_string(c.d.cmbKey[kWait].nListIndex), "Tab4"); });
 }
 
-TEST(ControlsDialog, SavingRefusesReservedNamesAndSurvivesTheFile) {
-  TempDir dir;
+TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFallsBack) {
   Controls c;
-  c.op.szUserName = "Ann";
-  c.sw.opts.gopOpts.push_back(c.op);  // a named player, saved to the file
-  c.sw.opts.gnOptMax = 1;
-  c.sw.opts.gnOpt = 1;
-  OptionProfile& ann = c.sw.opts.gopOpts[1];
   c.Visit([&] {
     c.d.cmbKey_Change(kUp, "w");
     c.names = {"keyboard left", "Arrows"};
     c.d.cmdSaveProfile_Click();
     EXPECT_EQ(Shown(c.w).at(0), "Invalid Profile Name: You cannot use a profile name reserved for the default "
                                 "configurations.\nPlease select a different profile name.");
-    EXPECT_EQ(ann.nProfile, 5);
+    EXPECT_EQ(c.op.nProfile, 5);
     EXPECT_EQ(c.d.cmbProfileItems.back(), "Arrows");
     EXPECT_TRUE(c.d.bDelEnabled);
     c.d.cmdOK_Click();
   });
-  EXPECT_EQ(ann.cpProfile.size(), 6u);
-  EXPECT_EQ(ann.cpProfile[5].szName, "Arrows");
-  EXPECT_EQ(ann.cpProfile[5].CPMoveUp, 'w');
-  c.sw.optsFile.SaveOptions();
-  App again;
-  again.sw.optsFile.LoadOptions();
-  EXPECT_EQ(again.sw.opts.Current().szUserName, "Ann");
-  EXPECT_EQ(again.sw.opts.Current().nProfile, 5);
-  EXPECT_EQ(again.sw.opts.Current().cpProfile.at(5), ann.cpProfile[5]);
+  ASSERT_EQ(c.op.cpProfile.size(), 6u);
+  EXPECT_EQ(c.op.cpProfile[5].szName, "Arrows");
+  EXPECT_EQ(c.op.cpProfile[5].CPMoveUp, 'w');
 
   // Overwriting asks; a capitalised name picks the list's own spelling. Then Delete falls back to profile 1.
   c.Visit([&] {
@@ -129,85 +101,76 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAndSurvivesTheFile) {
     c.d.cmdSaveProfile_Click();
     EXPECT_EQ(c.sel.gszSelect, "Arrows");
     EXPECT_EQ(c.sel.gnSelIndex, 0);
-    EXPECT_EQ(ann.cpProfile.size(), 6u);
-    EXPECT_EQ(ann.cpProfile[5].CPMoveUp, 'q');
+    EXPECT_EQ(c.op.cpProfile.size(), 6u);
+    EXPECT_EQ(c.op.cpProfile[5].CPMoveUp, 'q');
     c.w.answers = {6};
     c.d.cmdDelProfile_Click();
-    EXPECT_EQ(ann.cpProfile.size(), 5u);
-    EXPECT_EQ(std::vector<int>({ann.nProfile, c.d.nProfileIndex}), std::vector<int>({1, 0}));
-    EXPECT_EQ(ann.szProfile, "Number Pad (Default)");
+    EXPECT_EQ(c.op.cpProfile.size(), 5u);
+    EXPECT_EQ(std::vector<int>({c.op.nProfile, c.d.nProfileIndex}), std::vector<int>({1, 0}));
+    EXPECT_EQ(c.op.szProfile, "Number Pad (Default)");
     EXPECT_EQ(c.d.cmbKey[kUp].text, "8");
     c.d.cmdOK_Click();
   });
   for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, m.szTitle == "Invalid Profile Name" ? 0 : 4);
 }
 
-TEST(ControlsDialog, CancelRestoresTheProfileOfThisVisit) {
-  Controls c;
-  c.op.nProfile = 3;
-  c.op.szProfile = "Keyboard Right";
-  c.Visit([&] {
-    EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
-    c.d.cmbKey_Change(kUp, "z");
-    c.w.answers = {7};  // picking a profile while temporary: not saved first
-    c.d.cmbProfile_Click(1);
-    EXPECT_EQ(Shown(c.w).back().rfind("Select New Profile: ", 0), 0u);
-    EXPECT_EQ(c.op.nProfile, 2);
-    c.d.cmdCancel_Click();
-  });
-  EXPECT_EQ(c.op.nProfile, 3);
-  EXPECT_EQ(c.op.szProfile, "Keyboard Right");
-}
-
-TEST(ControlsDialog, SaveQuestionsAreYesNoAndOnlyYesOpensTheNameDialog) {
-  for (int16_t answer : {6, 7}) {
+// Picking a profile, or OK, while the keys are temporary asks Yes/No first, and only Yes opens the name
+// dialog; Cancel puts back the profile the visit began with and stores no key.
+TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit) {
+  const struct { int answer, shown, selects, profiles, nProfile; std::string name; int up; } cases[] = {
+      {6, 2, 2, 7, 6, "Two", 'q'},  // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
+      {7, 2, 0, 5, 0, "(Temporary)", 'q'},  // No: the temporary profile keeps the keys
+      {2, 1, 0, 5, 3, "Keyboard Right", 0},  // No to the first question, then Cancel
+  };
+  for (const auto& t : cases) {
+    SCOPED_TRACE(t.answer);
     Controls c;
+    c.op.nProfile = 3;
+    c.op.szProfile = "Keyboard Right";
     c.Visit([&] {
+      EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
       c.d.cmbKey_Change(kUp, "w");
       c.names = {"Mine", "Two"};
-      c.w.answers = {answer};
-      c.d.cmbProfile_Click(1);  // Yes: saved as Mine first, then profile 2 picked
+      c.w.answers = {int16_t(t.answer == 6 ? 6 : 7)};
+      c.d.cmbProfile_Click(1);
+      EXPECT_EQ(c.op.nProfile, 2);
       c.d.cmbKey_Change(kUp, "q");
-      c.w.answers = {answer};
-      c.d.cmdOK_Click();  // Yes: saved as Two; No: the temporary profile keeps the keys
+      c.w.answers = {int16_t(t.answer)};
+      if (t.answer == 2) c.d.cmdCancel_Click();
+      else c.d.cmdOK_Click();
     });
+    EXPECT_EQ(Shown(c.w).at(0).rfind("Select New Profile: ", 0), 0u);
     for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, 4) << m.szTitle;
-    EXPECT_EQ(c.w.messages.size(), 2u);
-    EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), answer == 6 ? 2 : 0);
-    EXPECT_EQ(c.op.cpProfile.size(), answer == 6 ? 7u : 5u);
-    EXPECT_EQ(c.op.szProfile, answer == 6 ? "Two" : "(Temporary)");
-    EXPECT_EQ(c.op.cpProfile[answer == 6 ? 6 : 0].CPMoveUp, 'q');
+    EXPECT_EQ(int(c.w.messages.size()), t.shown);
+    EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), t.selects);
+    ASSERT_EQ(int(c.op.cpProfile.size()), t.profiles);
+    EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, std::to_string(t.nProfile) + " " + t.name);
+    EXPECT_EQ(c.op.cpProfile[t.answer == 6 ? 6 : 0].CPMoveUp, t.up);
   }
 }
 
-TEST(SelectDialog, NothingChosenTheListsSpellingAndCancel) {
+// A new name is picked through the controls dialog's saving above.
+TEST(SelectDialog, NothingChosenIsRefusedCancelChoosesNothingAndTheListsSpellingWins) {
   App a;
   SelectDialog& s = a.sw.select;
   a.sw.opts.Current().bSound = 0;
   a.w.onDialog = [&](Dialog) {
     s.cmdOk_Click();  // nothing typed: told so, the dialog stays
     EXPECT_TRUE(s.bShown);
-    EXPECT_EQ(Shown(a.w), std::vector<std::string>{
-                              "No Selection Made: You have not made any selection.\nPlease type your selection or "
-                              "choose a selection from the list.  Click 'Cancel' to abort."});
+    s.cmbSelect_Change("other");  // a name from the list, then Cancel
+    s.cmdCancel_Click();
+  };
+  s.Show("Pick", {"Other"});
+  EXPECT_EQ(Shown(a.w), std::vector<std::string>{
+                            "No Selection Made: You have not made any selection.\nPlease type your selection or "
+                            "choose a selection from the list.  Click 'Cancel' to abort."});
+  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({0, -1}));
+  a.w.onDialog = [&](Dialog) {
     s.cmbSelect_Change("mIxEd");
     s.cmdOk_Click();
   };
   s.Show("Pick", {"Other", "MiXeD"});
-  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({-1, 1}));
-  EXPECT_EQ(s.gszSelect, "MiXeD");
-  a.w.onDialog = [&](Dialog) {
-    s.cmbSelect_Change("new one");
-    s.cmdCancel_Click();
-  };
-  s.Show("Pick", {"Other"});
-  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({0, -1}));
-  a.w.onDialog = [&](Dialog) {
-    s.cmbSelect_Change("new one");
-    s.cmdOk_Click();
-  };
-  s.Show("Pick", {"Other"});
-  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({-1, -1}));
+  EXPECT_EQ(s.gszSelect + " " + std::to_string(s.gnSelIndex), "MiXeD 1");  // the list's own spelling
 }
 
 }  // namespace sw::test

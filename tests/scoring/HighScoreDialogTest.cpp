@@ -9,15 +9,6 @@ namespace sw::test {
 
 namespace {
 
-// Every entry of every list, personal then all time, easy to nightmare.
-std::vector<WebmasterEntry> All(const HighScores& hs) {
-  std::vector<WebmasterEntry> v;
-  for (int t = 0; t <= 1; ++t)
-    for (int d = 1; d <= 4; ++d)
-      for (int s = 1; s <= 10; ++s) v.push_back(hs.Entry(t, d, s));
-  return v;
-}
-
 void Fill(HighScores& hs) {
   for (int t = 0; t <= 1; ++t)
     for (int d = 1; d <= 4; ++d)
@@ -59,7 +50,7 @@ TEST(HighScoreDialog, ANewWebmasterTypesANameThatIsWrittenAndReadBack) {
   App fresh;  // the next start reads it back, and says nothing about the file
   fresh.sw.hs.LoadHighScores();
   EXPECT_TRUE(fresh.w.messages.empty());
-  EXPECT_EQ(All(fresh.sw.hs), All(b.sw.hs));
+  EXPECT_EQ(fresh.sw.hs.PlainText(), b.sw.hs.PlainText());  // every entry
 }
 
 TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
@@ -68,8 +59,7 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   b.sw.opts.Current().bSound = -1;
   Fill(b.sw.hs);
   b.sw.hs.WriteHighScores();
-  const std::string file = Slurp(HighScores::kFileName);
-  const std::vector<WebmasterEntry> before = All(b.sw.hs);
+  const std::string file = Slurp(HighScores::kFileName), before = b.sw.hs.PlainText();
   HighScoreDialog& d = b.sw.webmasters;
   b.w.onDialog = [&](Dialog) {
     d.optType_Click(0);
@@ -78,7 +68,7 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
     d.cmdClearCur_Click();
     d.cmdClearAll_Click();
     EXPECT_EQ(Slurp(HighScores::kFileName), file);
-    EXPECT_EQ(All(b.sw.hs), before);
+    EXPECT_EQ(b.sw.hs.PlainText(), before);
     EXPECT_EQ(Shown(b.w), (std::vector<std::string>{
                               "Clear Current Webmaster List: Are you sure that you want to clear all of your "
                               "personal, hard difficulty webmaster list?",
@@ -92,19 +82,13 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
     EXPECT_EQ(d.rows[1].lblScore, "0");
     d.cmdDone_Click();
   };
-  b.sw.menu.menHighScores_Click();
-  std::vector<WebmasterEntry> after = All(b.sw.hs), want = before;
-  for (int s = 0; s < 10; ++s) want[2 * 10 + s] = WebmasterEntry{};
-  EXPECT_EQ(after, want);
-  App fresh;
+  b.sw.menu.menHighScores_Click();  // (refused while a Wait is in force: see the pause tests)
+  App want, fresh;
+  Fill(want.sw.hs);
+  for (int s = 1; s <= 10; ++s) want.sw.hs.Entry(HighScores::kPersonal, 3, s) = WebmasterEntry{};
+  EXPECT_EQ(b.sw.hs.PlainText(), want.sw.hs.PlainText());
   fresh.sw.hs.LoadHighScores();
-  EXPECT_EQ(All(fresh.sw.hs), want);
-
-  // While a Wait is in force the menu command is refused.
-  b.g.gbWaitOn = -1;
-  b.w.dialogs.clear();
-  b.sw.menu.menHighScores_Click();
-  EXPECT_TRUE(b.w.dialogs.empty());
+  EXPECT_EQ(fresh.sw.hs.PlainText(), want.sw.hs.PlainText());
 }
 
 TEST(HighScoreDialog, ListTypeDifficultyAndRowGuardsAtTheirEdges) {
@@ -131,9 +115,9 @@ TEST(HighScoreDialog, ListTypeDifficultyAndRowGuardsAtTheirEdges) {
   d.ShowHighScores(1, 2);
   d.ShowHighScores(0, 4);
   EXPECT_EQ(b.w.dialogs.size(), 2u);
-  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(-1, 2); }), 9);
-  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(2, 2); }), 9);
-  EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(1, 5); }), 9);
+  const std::pair<int16_t, int16_t> outside[] = {{-1, 2}, {2, 2}, {1, 0}, {1, 5}};
+  for (const auto& p : outside)
+    EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(p.first, p.second); }), 9) << p.first << "/" << p.second;
 }
 
 }  // namespace sw::test
