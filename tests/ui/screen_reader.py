@@ -5,7 +5,6 @@
 # Controls key boxes are named by their commands, and a message box is an alert with its text.
 import re
 import subprocess
-import sys
 import time
 
 import pyatspi
@@ -14,11 +13,6 @@ from gi.repository import GLib
 events = []
 pyatspi.Registry.registerEventListener(events.append, "object:state-changed:showing",
                                        "object:property-change:accessible-name")
-
-
-def check(ok, message):
-    if not ok:
-        sys.exit(f"FAIL: {message}")
 
 
 def pump(seconds, until):
@@ -63,22 +57,22 @@ def board_focused():
 
 board = find(pyatspi.ROLE_TABLE, "Map")
 t = board.queryTable()
-check((t.nRows, t.nColumns, board.childCount, board.getChildAtIndex(335).getRole()) ==
-      (14, 24, 336, pyatspi.ROLE_TABLE_CELL), "the board is no table of 14 x 24 cells")
-check(pump(5, board_focused), "the board does not have the focus")
+assert ((t.nRows, t.nColumns, board.childCount, board.getChildAtIndex(335).getRole()) ==
+      (14, 24, 336, pyatspi.ROLE_TABLE_CELL)), "the board is no table of 14 x 24 cells"
+assert pump(5, board_focused), "the board does not have the focus"
 names = [o.name for o in walk(board.parent.parent)]
 bad = [n for n in names if "&" in n or re.match(r"(frm|lbl|lb|cmd|cmb|men|shp|pbr|pct|grd)[A-Z(]|announcer$", n)]
-check(not bad, f"names with a marker or an internal name: {bad}")
-check("Score: 0" in names and "Viruses: 7" in names, "the counters are not read with their captions")
+assert not bad, f"names with a marker or an internal name: {bad}"
+assert "Score: 0" in names and "Viruses: 7" in names, "the counters are not read with their captions"
 bar = find(pyatspi.ROLE_PROGRESS_BAR, "Net Lag")
 value = bar.queryValue()
-check((value.currentValue, value.maximumValue, bar.description) == (0, 13, "lag: blue"), "the lag bar")
+assert (value.currentValue, value.maximumValue, bar.description) == (0, 13, "lag: blue"), "the lag bar"
 
 # A move away from the viruses (on a new game if the site leaves none): the cells and the news follow.
 MOVES = {(-1, 0): "8", (1, 0): "2", (0, -1): "4", (0, 1): "6", (-1, -1): "7", (-1, 1): "9", (1, -1): "1", (1, 1): "3"}
 for _ in range(5):
     before = cells()
-    check(set(before.values()) <= {"Whisk", "virus", "empty"}, f"cells read {set(before.values())}")
+    assert set(before.values()) <= {"Whisk", "virus", "empty"}, f"cells read {set(before.values())}"
     whisk = next(k for k, v in before.items() if v == "Whisk")
     viruses = [k for k, v in before.items() if v == "virus"]
     to, key = next(((w, k) for (dr, dc), k in MOVES.items() for w in [(whisk[0] + dr, whisk[1] + dc)]
@@ -89,34 +83,34 @@ for _ in range(5):
     press("alt+g", "n", "Return")
 mark = len(events)
 press(key)
-check(pump(5, lambda: said(mark)), "no news after a turn")
+assert pump(5, lambda: said(mark)), "no news after a turn"
 after = cells()
-check(after[to] == "Whisk" and after[whisk] != "Whisk" and f"Whisk at {to[1] + 1}, {to[0] + 1}." in said(mark)[0],
-      f"Whisk moved to {to}: the cells read {after[whisk]} -> {after[to]}; the news: {said(mark)}")
-check(after[whisk] == "empty" or any(max(abs(v[0] - whisk[0]), abs(v[1] - whisk[1])) <= 2 for v in viruses),
-      f"Whisk's old cell reads {after[whisk]}")
+assert after[to] == "Whisk" and after[whisk] != "Whisk" and f"Whisk at {to[1] + 1}, {to[0] + 1}." in said(mark)[0], \
+    f"Whisk moved to {to}: the cells read {after[whisk]} -> {after[to]}; the news: {said(mark)}"
+assert after[whisk] == "empty" or any(max(abs(v[0] - whisk[0]), abs(v[1] - whisk[1])) <= 2 for v in viruses), \
+    f"Whisk's old cell reads {after[whisk]}"
 renamed = {e.source.name for e in events[mark:] if e.type.endswith("name")}
-check({"Whisk", after[whisk]} <= renamed, f"names changed: {renamed}")
+assert {"Whisk", after[whisk]} <= renamed, f"names changed: {renamed}"
 
 # A review key reads the next cell and plays no turn.
 mark = len(events)
 press("Right" if to[1] < 23 else "Left")
-check(pump(5, lambda: said(mark)) and re.fullmatch(r"[a-z ]+, 1 (right|left)", said(mark)[0]), f"review: {said(mark)}")
-check(cells() == after and board_focused(), "the review key changed the board or the focus")
+assert pump(5, lambda: said(mark)) and re.fullmatch(r"[a-z ]+, 1 (right|left)", said(mark)[0]), f"review: {said(mark)}"
+assert cells() == after and board_focused(), "the review key changed the board or the focus"
 
 # The Controls key boxes, by command and key; the focus back on the board when the dialog closes.
 press("alt+o", "c")
-check(pump(5, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog")
+assert pump(5, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog"
 boxes = {o.name: o.description for o in walk(find(pyatspi.ROLE_DIALOG, "Controls"))
          if o.getRole() == pyatspi.ROLE_COMBO_BOX}
-check({"Up/Left": "7", "Pause": "5", "Wait": "0", "Link": "+"}.items() <= boxes.items(), f"key boxes: {boxes}")
+assert {"Up/Left": "7", "Pause": "5", "Wait": "0", "Link": "+"}.items() <= boxes.items(), f"key boxes: {boxes}"
 press("Escape")
-check(pump(5, board_focused), "the board has no focus after the Controls dialog")
+assert pump(5, board_focused), "the board has no focus after the Controls dialog"
 
 # A message box: an alert with its text and an Ok button; the focus back on the board after it.
 press("alt+h", "a")
-check(pump(5, lambda: find(pyatspi.ROLE_ALERT, "About Skitterweb")), "the About box is no alert")
+assert pump(5, lambda: find(pyatspi.ROLE_ALERT, "About Skitterweb")), "the About box is no alert"
 inside = [(o.getRole(), o.name) for o in walk(find(pyatspi.ROLE_ALERT, "About Skitterweb"))]
-check((pyatspi.ROLE_PUSH_BUTTON, "Ok") in inside and any("Version 1.14" in n for _, n in inside), f"alert: {inside}")
+assert (pyatspi.ROLE_PUSH_BUTTON, "Ok") in inside and any("Version 1.14" in n for _, n in inside), f"alert: {inside}"
 press("Return")
-check(pump(5, board_focused), "the board has no focus after the message box")
+assert pump(5, board_focused), "the board has no focus after the message box"

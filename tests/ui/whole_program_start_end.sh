@@ -16,19 +16,16 @@ typed=0 signals=(TERM INT HUP)
 
 up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the game up at its notice
   dir=$work/$1
-  mkdir "$dir"
-  cp "$seeds/options/two.opt" "$dir/sw.opt"
+  mkdir "$dir" && cp "$seeds/options/two.opt" "$dir/sw.opt"
   x_start "$dir" "$game"
   for ((i = 0; i < ${2:-0}; i++)); do [ -z "$(x_boxes)" ] || break; xdotool key "$((i % 10))"; done
   typed=$((typed + i))
   x_wait_box "Error: LoadHighScoresError" || x_fail "$1: '$(x_boxes)' at the start"
 }
 end_with() {  # SIGNAL
-  local status=0
   kill "-$1" "$game_pid"
   x_ended "$game_pid" || x_fail "$dir: SIG$1 did not end the game"
-  wait "$game_pid" || status=$?
-  [ "$status" = 0 ] || x_fail "$dir: SIG$1 ended the game with status $status"
+  wait "$game_pid" || x_fail "$dir: SIG$1 ended the game with status $?"
   cmp -s "$dir/sw.opt" "$work/quit/sw.opt" || x_fail "$dir: sw.opt is not what Game > Quit writes"
   [ -z "$(ls "$dir" | grep -vxE 'sw\.opt|SWDebug\.log|game\.log')" ] || x_fail "$dir: left behind: $(ls "$dir")"
   tail -n 2 "$dir/SWDebug.log" | grep -q '^Exit Program - ' || x_fail "$dir: the debug log was not closed"

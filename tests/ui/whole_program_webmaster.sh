@@ -20,8 +20,7 @@ easy() {  # Options > Difficulty > Easy, and Yes
 
 start
 for notice in LoadOptions LoadHighScoresError; do  # no options file, no lists yet
-  x_wait_box "Error: $notice" || x_fail "first start: '$(x_boxes)', not $notice"
-  x_press Return
+  x_wait_box "Error: $notice" && x_press Return || x_fail "first start: '$(x_boxes)', not $notice"
 done
 easy
 named=""  # wait ('0') until a game earns a row, answering every box
@@ -38,7 +37,7 @@ done
 x_press alt+g; x_press q  # no game in progress: nothing asked
 x_ended "$game_pid" 60 || x_fail "Quit did not end the game ($(x_boxes))"
 score=$(label lblScore)
-[ -n "$score" ] && [ "$score" != 0 ] || x_fail "the game scored nothing"
+[ "${score:-0}" != 0 ] || x_fail "the game scored nothing"
 
 start
 sleep 1.5
