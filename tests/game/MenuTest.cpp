@@ -127,6 +127,15 @@ TEST(MenuTest, GridSoundAndTheStartUpPass) {
                   a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit}),
             Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
+
+  // Once the lists are there, the start shows the best score of the player's difficulty.
+  a.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 5000;
+  a.sw.hs.Entry(HighScores::kAllTime, 3, 2).lScore = 4000;
+  a.sw.hs.WriteHighScores();
+  App c;
+  c.sw.game.bSeedFromTimer = false;
+  c.sw.menu.Form_Load();
+  EXPECT_EQ(c.w.captions[Label::lblHighScore], "5,000");
 }
 
 TEST(MenuTest, QuitAndTheQuietEnd) {

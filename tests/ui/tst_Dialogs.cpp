@@ -172,9 +172,9 @@ class TestDialogs : public QObject {
       // The boxes sit as the number pad's keys, Link and Wait on the bottom row; Tab reads them row by row.
       auto x = [&d](int i) { return d.cmbKey[i]->x(); };
       auto y = [&d](int i) { return d.cmbKey[i]->y(); };
-      QVERIFY(y(7) == y(9) && y(9) < y(4) && y(4) == y(6) && y(6) < y(1) && y(1) == y(3) && y(3) < y(0) &&
+      QVERIFY(y(7) == y(9) && y(9) < y(4) && y(4) == y(5) && y(5) == y(6) && y(6) < y(1) && y(1) == y(3) && y(3) < y(0) &&
               y(0) == y(10));
-      QVERIFY(x(7) == x(1) && x(1) == x(0) && x(0) < x(8) && x(8) == x(2) && x(2) < x(9) && x(9) == x(3) &&
+      QVERIFY(x(7) == x(1) && x(1) == x(0) && x(0) < x(8) && x(8) == x(5) && x(5) == x(2) && x(2) < x(9) && x(9) == x(3) &&
               x(3) == x(10));
       auto next = [](QWidget* w) {
         QWidget* n = w->nextInFocusChain();
