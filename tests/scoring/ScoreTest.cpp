@@ -111,6 +111,15 @@ TEST(WebmasterTable, PlacesAreEarnedByScoreThenSitesAndEntered) {
   EXPECT_EQ(hs.Entry(HighScores::kAllTime, 2, 10), (WebmasterEntry{200, 5, "p9"}));  // the old tenth is gone
   EXPECT_EQ(hs.Entry(HighScores::kPersonal, 2, 5), (WebmasterEntry{650, 7, ""}));
   EXPECT_EQ(hs.Entry(HighScores::kAllTime, 3, 1), WebmasterEntry{});  // other difficulties untouched
+  // A score that makes only the personal list goes there alone, and is told so.
+  const WebmasterEntry first = hs.Entry(HighScores::kAllTime, 2, 1), last = hs.Entry(HighScores::kAllTime, 2, 10);
+  for (int i = 1; i <= 10; ++i) hs.Entry(HighScores::kPersonal, 2, i) = WebmasterEntry{};
+  b.sc.glScore = 50;
+  hs.CheckHighScore();
+  EXPECT_EQ(std::vector<int>({hs.gnGlobalSlot, hs.gnPersonalSlot, static_cast<int>(b.w.messages.size())}),
+            std::vector<int>({0, 1, 2}));
+  EXPECT_TRUE(hs.Entry(HighScores::kAllTime, 2, 1) == first && hs.Entry(HighScores::kAllTime, 2, 10) == last);
+  EXPECT_EQ(hs.Entry(HighScores::kPersonal, 2, 1), (WebmasterEntry{50, 7, ""}));
   hs.ClearAll();
   b.g.gbGameInit = -1;  // nothing while the board is only being prepared
   hs.CheckHighScore();
