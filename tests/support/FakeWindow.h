@@ -26,10 +26,7 @@ class FakeWindow : public IMainWindow {
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
   ProgBarState bar;         // the lag bar as last shown
-  std::map<Label, uint32_t> foreColors;
-  int32_t widthTw = 0, heightTw = 0, infoBarWidthTw = 0;  // SetSize
-  int16_t gridCols = 0, gridRows = 0, cellTw = 0;          // SetGrid
-  int32_t gridWidthTw = 0, gridHeightTw = 0;
+  int16_t cellTw = 0;  // SetGridLayout
   bool gridLines = false;
   int ended = 0;  // EndProgram calls
   std::vector<Dialog> dialogs;  // dialogs shown, in order
@@ -50,13 +47,13 @@ class FakeWindow : public IMainWindow {
     if (nCol >= 0 && nCol < 64 && nRow >= 0 && nRow < 64) cells[nCol][nRow] = pic;
   }
   void Refresh() override {}
-  void SetWindowSize(int32_t w, int32_t h, int32_t infoW) override { widthTw = w, heightTw = h, infoBarWidthTw = infoW; }
-  void SetGridLayout(int16_t cols, int16_t rows, int32_t w, int32_t h, int16_t cell, bool lines) override {
-    gridCols = cols, gridRows = rows, gridWidthTw = w, gridHeightTw = h, cellTw = cell, gridLines = lines;
+  void SetWindowSize(int32_t, int32_t, int32_t) override {}
+  void SetGridLayout(int16_t, int16_t, int32_t, int32_t, int16_t cell, bool lines) override {
+    cellTw = cell, gridLines = lines;
   }
   void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
-  void SetLabelForeColor(Label lbl, uint32_t fore) override { foreColors[lbl] = fore; }
+  void SetLabelForeColor(Label, uint32_t) override {}
   void ShowLagBar(const ProgBarState& b) override { bar = b; }
   int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override { pendingSound_ = fileName; }
@@ -82,8 +79,7 @@ class FakeWindow : public IMainWindow {
   void Announce(const std::string& text) override {
     if (record) announced.push_back(text);
   }
-  std::vector<std::string> keysSent;
-  void SendKeys(const std::string& keys) override { keysSent.push_back(keys); }
+  void SendKeys(const std::string&) override {}
   void ShowDialog(Dialog which) override {
     dialogs.push_back(which);
     if (onDialog) onDialog(which);

@@ -13,7 +13,6 @@
 #                               game_pid, and returns once the main window is on screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
 #   x_boxes                     names of the visible windows other than the main window
-#   x_wait_boxes [TRIES]        waits until some box is on screen
 #   x_wait_box NAME [TRIES]     waits until the one box on screen is NAME, and gives it the focus
 #   x_press KEY...              presses keys, as a player would, after a short pause
 #   x_answer KEY...             gives the box on screen the focus, then presses keys in it
@@ -81,14 +80,6 @@ x_start() {
 }
 
 x_boxes() { xdotool search --onlyvisible --name '.' getwindowname %@ 2>/dev/null | grep -vx 'Skitterweb' || true; }
-
-x_wait_boxes() {
-  for _ in $(seq "${1:-30}"); do
-    [ -n "$(x_boxes)" ] && return 0
-    sleep 0.1
-  done
-  return 1
-}
 
 x_wait_box() {
   for _ in $(seq "${2:-50}"); do

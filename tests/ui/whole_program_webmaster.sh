@@ -44,7 +44,7 @@ sleep 1.5
 [ -z "$(x_boxes)" ] || x_fail "second start shows: $(x_boxes)"
 easy
 x_press alt+g; x_press q
-x_wait_boxes && x_answer Return  # Yes: quit the game in progress
+x_wait_box "Quit Skitterweb" 30 && x_press Return  # Yes: quit the game in progress
 x_ended "$game_pid" 60 || true
 [ "$(label lblHighScore)" = "$score" ] || x_fail "High Score shows '$(label lblHighScore)', the game scored '$score'"
 echo "whole program: scored $score, named, high score shown at the next start"
