@@ -55,25 +55,19 @@ TEST(StateDump, MarksAndSwitchingTheLogOn) {
   const std::string log = Slurp(DebugLog::kFileName);
   EXPECT_LT(log.find("| SKITTERWEB"), log.find("Begin: DebugWriteAll"));
 
+  // A mark: the marked block (its three lines: the debug log's test), the line, the comment, then the dump.
   DebugMarkDialog& mark = b.sw.mark;
-  for (const char* comment : {"", "the virus walked through a wall"}) {
-    const size_t start = LogSize();
-    b.w.onDialog = [&](Dialog d) {
-      ASSERT_EQ(d, Dialog::frmDebugMark);
-      EXPECT_TRUE(mark.txtComment.empty());  // emptied each time it opens
-      EXPECT_FALSE(mark.lblDateTime.empty());
-      mark.txtComment = comment;
-      mark.cmdOk_Click();
-    };
-    b.sw.menu.menMarkDL_Click();
-    // The marked block (its three lines: the debug log's test), the line, the comment if any, then the dump.
-    const std::string log = LogFrom(start);
-    EXPECT_TRUE(log.starts_with("\r\n#-#-#-")) << log;
-    EXPECT_EQ(log.find("{{ Mark Debug Log }} (variables) Time="), 2u + 2 * 92);
-    const std::string note = *comment ? std::string("     --> ") + comment + "\r\n" : "";
-    EXPECT_NE(log.find(" gopOpts(gnOpt).szUserName=Guest\r\n" + note + "Begin: DebugWriteAll\r\n"), std::string::npos);
-    EXPECT_FALSE(mark.bShown);
-  }
+  b.w.onDialog = [&](Dialog) {
+    mark.txtComment = "the virus walked through a wall";
+    mark.cmdOk_Click();
+  };
+  b.sw.menu.menMarkDL_Click();
+  const std::string marked = LogFrom(log.size());
+  EXPECT_TRUE(marked.starts_with("\r\n#-#-#-")) << marked;
+  EXPECT_EQ(marked.find("{{ Mark Debug Log }} (variables) Time="), 2u + 2 * 92);
+  EXPECT_NE(marked.find(" gopOpts(gnOpt).szUserName=Guest\r\n     --> the virus walked through a wall\r\n"
+                        "Begin: DebugWriteAll\r\n"),
+            std::string::npos);
 
   // Cancel writes nothing.
   const std::string before = Slurp(DebugLog::kFileName);

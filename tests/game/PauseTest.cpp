@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <memory>
 
 #include "game/Board.h"
 #include "support/TempDir.h"
@@ -71,22 +70,6 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
     b.Key('8');
     EXPECT_EQ(b.g.gctPlayerPos, At(5, 4));
   }
-}
-
-TEST(PauseTest, PausesThatOverlapHoldUntilTheLastEndsWhateverTheOrder) {
-  // The start is one pause until its last step has run, and that step may end inside a sound's pause.
-  Board b;
-  auto start = std::make_unique<Shell::Pause>(b.sw.shell);
-  EXPECT_EQ(b.g.gbSleepOn, -1);
-  b.w.onEvents = [&] {
-    start.reset();
-    EXPECT_EQ(b.g.gbSleepOn, -1);
-  };
-  b.sw.shell.SleepTurn(60);
-  EXPECT_EQ(b.g.gbSleepOn, 0);
-  b.Set(At(5, 5), {At(20, 12)});
-  b.Key('2');
-  EXPECT_EQ(b.g.gctPlayerPos, At(5, 6));
 }
 
 TEST(PauseTest, AWaitRefusesTheGuardedCommands) {
