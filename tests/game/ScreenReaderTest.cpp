@@ -23,7 +23,6 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
       {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
       {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash. 1 virus, nearest 7 down 14 right."},
       {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
-      {"off the map", At(0, 5), {At(20, 13)}, '4', 2, {}, ""},
       {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died. Whisk at #, #. 7 viruses, nearest *."},
       {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit. Whisk at #, #. 8 viruses, nearest *."},
       {"game over", At(5, 5), {At(6, 6)}, '5', 0, {1, 7}, "Game over."},
@@ -56,7 +55,6 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
       {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
       {ReviewKey::NearestVirus, "virus, 4 down"},
       {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
-      {ReviewKey::Down, "empty, 2 left"},
   };
   for (const auto& [key, said] : steps) {
     review.Key(key);
