@@ -10,30 +10,25 @@ const CoordPair kFar = At(23, 13);
 const std::string kAgain = "Life program re-initialized. You now have 1 reconnects remaining. Get ready to try again!";
 }  // namespace
 
-TEST(VirusTest, ChaseTakesAKingsStepStraightAtTheMouse) {
-  Board b(2, At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)});
-  b.Key('5');
-  EXPECT_EQ(b.Viruses(),
-            Cells({At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}));
-  EXPECT_EQ(b.Broken(), "");
-}
-
-TEST(VirusTest, CrashesLeaveInfectedServersThatKillLaterViruses) {
-  // All step onto (9, 5): two crash and leave a server; a third dies on it, a fourth crashes anew.
-  const struct { Cells viruses, infected; int servers; } cases[] = {
-      {{At(8, 4), At(8, 6), kFar}, {}, 1},
-      {{At(8, 5), kFar}, {At(9, 5)}, 1},
-      {{At(8, 5), At(8, 5), At(8, 5), kFar}, {}, 1},
-      {{At(8, 5), At(8, 5), At(8, 5), At(8, 5), kFar}, {}, 2},
+// Each virus takes a king's step straight at the mouse. All that step onto one cell crash: two leave an infected
+// server there and score; a third dies on it, a fourth crashes anew.
+TEST(VirusTest, ChaseAndCrashesThatLeaveInfectedServers) {
+  const struct { CoordPair mouse; Cells viruses, infected, after; int servers; } cases[] = {
+      {At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)}, {},
+       {At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}, 0},
+      {At(12, 5), {At(8, 4), At(8, 6), kFar}, {}, {At(22, 12)}, 1},
+      {At(12, 5), {At(8, 5), kFar}, {At(9, 5)}, {At(22, 12)}, 1},
+      {At(12, 5), {At(8, 5), At(8, 5), At(8, 5), kFar}, {}, {At(22, 12)}, 1},
+      {At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), kFar}, {}, {At(22, 12)}, 2},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.viruses.size());
-    Board b(2, At(12, 5), c.viruses, c.infected);
+    Board b(2, c.mouse, c.viruses, c.infected);
     b.Key('5');
-    EXPECT_EQ(b.Viruses(), Cells{At(22, 12)});
+    EXPECT_EQ(b.Viruses(), c.after);
     EXPECT_EQ(Cells(b.g.gctInfectedPos.begin() + 1, b.g.gctInfectedPos.end()), Cells(c.servers, At(9, 5)));
-    EXPECT_EQ(b.w.At(9, 5), Picture::Infected);
-    EXPECT_EQ(b.sc.glScore, 15 * static_cast<int>(c.viruses.size() - 1));
+    EXPECT_EQ(b.w.At(9, 5), c.servers ? Picture::Infected : Picture::None);
+    EXPECT_EQ(b.sc.glScore, 15 * static_cast<int>(c.viruses.size() - c.after.size()));
     EXPECT_EQ(b.Broken(), "");
   }
 }
