@@ -20,9 +20,9 @@ TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
   EXPECT_LT(log.find("| SKITTERWEB"), start);
   const std::string dump = log.substr(start);
   EXPECT_TRUE(dump.ends_with("\r\nEnd: DebugWriteAll\r\n"));
-  for (const char* line : {"Option Profile=0 (max=0)", "Map Size=3(14,24)", "Move Up=56='8'", "Linked On Current Site=0",
-                           "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25", "Lag Severity=2  (Color=red)",
-                           "Player Position=(3,5)", "Virus Live=2", "     Virus #1 Position=(1,7)",
+  for (const char* line : {"Option Profile=0 (max=0)", "Map Size=3(14,24)", "Move Up=56='8'", "Virus Live=2",
+                           "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25", "Linked On Current Site=0",
+                           "Lag Severity=2  (Color=red)", "Player Position=(3,5)", "     Virus #1 Position=(1,7)",
                            "     Virus #2 Position=(12,20)", "     Infected #1 Position=(9,9)"})
     EXPECT_NE(dump.find("\n" + std::string(line) + "\r\n"), std::string::npos) << line;
   EXPECT_EQ(dump.find("\nMessage("), std::string::npos);
