@@ -80,10 +80,6 @@ struct Board : App {
 
   // What holds after every turn of a game in progress: the first rule broken, or "".
   std::string Broken() const {
-    if (!eng.IsOnMap(g.gctPlayerPos)) return "mouse off the map";
-    if (g.gnVirusLive < 1 || g.gnVirusLive > 30) return "virus count";
-    if (g.gctVirusPos.size() != size_t(g.gnVirusLive) + 1 || g.gctInfectedPos.size() != size_t(g.gnInfectedCount) + 1)
-      return "list sizes";
     std::set<std::pair<int, int>> cells;
     for (const CoordPair& v : Viruses()) {
       // Crashes and infections are resolved, and a virus on the mouse ends the site.

@@ -1,4 +1,4 @@
-// The state dump and the marks a player puts into the debug log.
+// The state dump: switched on from the menu, the log gets one after its header.
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
@@ -6,87 +6,26 @@
 
 namespace sw::test {
 
-namespace {
-
-// The log from `from` on.
-std::string LogFrom(size_t from) { return Slurp(DebugLog::kFileName).substr(from); }
-size_t LogSize() { return Slurp(DebugLog::kFileName).size(); }
-
-}  // namespace
-
-TEST(StateDump, SectionsLabelsAndObjects) {
+// The dump's labels and objects, written after the log's header when the log is switched on from the menu.
+TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
   TempDir dir;
   Board b(3);
-  b.sw.opts.Current().bDebug = -1;
-  b.sw.session.DebugOpen(true, true);
   b.Set(At(5, 3), {At(7, 1), At(20, 12)}, {At(9, 9)});
   b.g.gnLag = 8;
   b.g.pbrNetLag.BarColor = color::Red;
   b.g.gnColorLag = 2;
-  const size_t start = LogSize();
-  b.sw.dump.DebugWriteAll();
-  const std::string dump = LogFrom(start);
-  EXPECT_TRUE(dump.starts_with("Begin: DebugWriteAll\r\n") && dump.ends_with("\r\nEnd: DebugWriteAll\r\n"));
-  for (const char* line :
-       {"---Options---", "Option Profile=0 (max=0)", "Player Name=Guest", "Difficulty=3", "Map Size=3(14,24)",
-        "---Commands (selected)---", "Control Profile=Number Pad (Default) [Profile #1]", "Move Up=56='8'",
-        "Link=43='+'", "---Score---", "Extra Life Bonus(per difficulty)=2000, 10000, 25000, 60000",
-        "Score Modifier(per difficulty)=1, 5, 25, 150", "Base Points (events 1-8)=3, 20, 1, 2, 25, 45, 5, 1",
-        "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25", "Linked On Current Site=0",
-        "Pending Score Messages=0", "---Game---", "Lag Duration=8", "Lag Severity=2  (Color=red)",
-        "Player Position=(3,5)", "Virus Live=2", "     Virus #1 Position=(1,7)", "     Virus #2 Position=(12,20)",
-        "Infected Count=1", "     Infected #1 Position=(9,9)", "Down Server Count=0"})
+  b.sw.menu.menUseDL_Click();
+  const std::string log = Slurp(DebugLog::kFileName);
+  const size_t start = log.find("\nBegin: DebugWriteAll\r\n");
+  EXPECT_LT(log.find("| SKITTERWEB"), start);
+  const std::string dump = log.substr(start);
+  EXPECT_TRUE(dump.ends_with("\r\nEnd: DebugWriteAll\r\n"));
+  for (const char* line : {"Option Profile=0 (max=0)", "Map Size=3(14,24)", "Move Up=56='8'", "Virus Live=2",
+                           "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25", "Linked On Current Site=0",
+                           "Lag Severity=2  (Color=red)", "Player Position=(3,5)", "     Virus #1 Position=(1,7)",
+                           "     Virus #2 Position=(12,20)", "     Infected #1 Position=(9,9)"})
     EXPECT_NE(dump.find("\n" + std::string(line) + "\r\n"), std::string::npos) << line;
   EXPECT_EQ(dump.find("\nMessage("), std::string::npos);
-
-  // Two queued score messages are both listed.
-  b.sc.AddScoreMesg("first", "", 0, "t");
-  b.sc.AddScoreMesg("second", "", 0, "t");
-  const size_t again = LogSize();
-  b.sw.dump.DebugWriteAll();
-  EXPECT_NE(LogFrom(again).find("\nPending Score Messages=2\r\nMessage(1)=first\r\nMessage(2)=second\r\n"),
-            std::string::npos);
-}
-
-TEST(StateDump, MarksAndSwitchingTheLogOn) {
-  TempDir dir;
-  Board b;
-  b.sw.menu.menUseDL_Click();  // switched on from the menu: a dump follows the header
-  const std::string log = Slurp(DebugLog::kFileName);
-  EXPECT_LT(log.find("| SKITTERWEB"), log.find("Begin: DebugWriteAll"));
-
-  DebugMarkDialog& mark = b.sw.mark;
-  for (const char* comment : {"", "the virus walked through a wall"}) {
-    const size_t start = LogSize();
-    b.w.onDialog = [&](Dialog d) {
-      ASSERT_EQ(d, Dialog::frmDebugMark);
-      EXPECT_TRUE(mark.txtComment.empty());  // emptied each time it opens
-      EXPECT_FALSE(mark.lblDateTime.empty());
-      mark.txtComment = comment;
-      mark.cmdOk_Click();
-    };
-    b.sw.menu.menMarkDL_Click();
-    // The marked block (its three lines: the debug log's test), the line, the comment if any, then the dump.
-    const std::string log = LogFrom(start);
-    EXPECT_TRUE(log.starts_with("\r\n#-#-#-")) << log;
-    EXPECT_EQ(log.find("{{ Mark Debug Log }} (variables) Time="), 2u + 2 * 92);
-    const std::string note = *comment ? std::string("     --> ") + comment + "\r\n" : "";
-    EXPECT_NE(log.find(" gopOpts(gnOpt).szUserName=Guest\r\n" + note + "Begin: DebugWriteAll\r\n"), std::string::npos);
-    EXPECT_FALSE(mark.bShown);
-  }
-
-  // Cancel writes nothing.
-  const std::string before = Slurp(DebugLog::kFileName);
-  b.w.onDialog = [&](Dialog) {
-    mark.txtComment = "never written";
-    mark.cmdCancel_Click();
-  };
-  b.sw.menu.menMarkDL_Click();
-  EXPECT_EQ(Slurp(DebugLog::kFileName), before);
-  // A look for a virus is traced only when one was found: a turn of one lone virus traces none.
-  b.Set(At(5, 5), {At(20, 12)});
-  b.Key('5');
-  EXPECT_EQ(Slurp(DebugLog::kFileName).find("{{ CheckVirus }}", before.size()), std::string::npos);
 }
 
 }  // namespace sw::test
