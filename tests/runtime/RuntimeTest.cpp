@@ -1,6 +1,6 @@
 // The runtime: the classic random numbers, 16-bit arithmetic, number texts, list lines, and files. Nothing
-// lost: a file that failed to load is kept as "<name>.bad" before the next write replaces it; the readers take
-// bytes as well as files; saves by two copies of the game at once never clash; new files get exact modes.
+// lost: a file that failed to load is kept as "<name>.bad" before the next write replaces it; saves by two
+// copies of the game at once never clash.
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
@@ -116,32 +116,6 @@ TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
   Save(b);
   EXPECT_EQ(Titles(b.w) + std::to_string(DirNames().size()), "4");
   EXPECT_EQ(Slurp("sw.opt.bad") + Slurp("SWhscore.dat.bad"), kDamagedOptions + "this is no list file\r\n");
-}
-
-TEST(KeepAside, NewFilesGetExactModes) {
-  TempDir dir;
-  const mode_t mask = ::umask(022);  // a written file's mode passes through the umask, a saved one's does not
-  WriteFile("plain", "");
-  WriteFileAtomic("saved", "");
-  ::umask(mask);
-  EXPECT_EQ(std::vector<unsigned>({ModeOf("plain"), ModeOf("saved")}), std::vector<unsigned>({0644, 0644}));
-}
-
-TEST(KeepAside, ReadersTakeTheFilesBytes) {
-  TempDir dir;
-  App a, b;
-  a.sw.optsFile.LoadOptionsFrom(kAnn);
-  a.sw.opts.gopOpts[1].szUserName = "Whisk";
-  a.sw.hs.Entry(HighScores::kAllTime, 2, 1) = WebmasterEntry{1234, 5, "Ann"};
-  const std::string options = a.sw.optsFile.OptionsText(), lists = a.sw.hs.FileText();
-  a.sw.hs.WriteHighScores();
-  EXPECT_EQ(Slurp(HighScores::kFileName), lists);  // what is written is what FileText gives
-  b.sw.optsFile.LoadOptionsFrom(options);
-  b.sw.hs.LoadHighScoresFrom(lists);
-  EXPECT_EQ(Titles(b.w) + b.sw.optsFile.OptionsText() + b.sw.hs.PlainText(), options + a.sw.hs.PlainText());
-  EXPECT_EQ(DirNames(), std::set<std::string>{HighScores::kFileName});  // nothing else touched the disk
-  b.sw.hs.LoadHighScoresFrom("garbage");  // bytes that do not load are reported as a file would be
-  EXPECT_EQ(Titles(b.w), "Error: LoadHighScoresError|");
 }
 
 TEST(KeepAside, TwoGamesSavingAtOnceNeverClash) {

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
-#include "support/TempDir.h"
 
 namespace sw::test {
 
@@ -40,16 +39,6 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
     EXPECT_EQ(p.sc.glScore, c.points);
     EXPECT_EQ(Shown(p.w), c.shown.empty() ? std::vector<std::string>{} : std::vector<std::string>{c.shown});
   }
-}
-
-TEST(ScoreTest, AnEventWithoutBonusStillTracesItsBonus) {
-  TempDir dir;
-  Board b;
-  b.sw.opts.Current().bDebug = -1;
-  b.sw.session.DebugOpen(true, true);
-  b.sc.AddPoints(7);
-  b.sw.dbg.DebugExit();
-  EXPECT_NE(Slurp(DebugLog::kFileName).find("lBonus=0 "), std::string::npos);
 }
 
 TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
