@@ -48,10 +48,9 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text, "82");
     EXPECT_EQ(std::vector<int>({int(c.d.cmbProfileItems.size()), c.d.nProfileIndex}), std::vector<int>({4, 0}));
     c.d.cmbKey_Change(kUp, "2");  // Down holds 2: it takes Up's old 8
-    EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text, "28");
+    EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text + " " + c.op.szProfile, "28 (Temporary)");
     EXPECT_EQ(std::vector<int>({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}),
               std::vector<int>({0, -1, 1, 0}));
-    EXPECT_EQ(c.op.szProfile, "(Temporary)");
     c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
     EXPECT_EQ(c.d.cmbKey[kLink].text + std::to_string(c.d.GetCmbKey(kLink)), "E101");
     c.d.cmbKey_Change(kWait, "", 0);  // "Enter", the list's first item

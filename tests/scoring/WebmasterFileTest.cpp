@@ -3,7 +3,6 @@
 #include <filesystem>
 #include <string>
 
-#include "scoring/Cipher.h"
 #include "support/App.h"
 #include "support/TempDir.h"
 
@@ -19,24 +18,11 @@ std::string AllBytes(size_t len, int start) {
   return s;
 }
 
-// Stretching keeps to ";".."z" and shrinking undoes it, at any length and for any byte. The XOR and
-// its key stream are checked by the file round trip and the pinned empty file below.
-TEST(Cipher, StretchAndShrinkRoundTrip) {
-  for (size_t len = 0; len <= 20; ++len)
-    for (int start = 0; start < 256; start += 5) {
-      Cipher c;
-      c.Text(AllBytes(len, start));
-      c.Stretch();
-      ASSERT_EQ(c.Text().size(), len + (len + 2) / 3) << len;
-      for (char ch : c.Text()) ASSERT_TRUE(ch >= ';' && ch <= 'z') << len;
-      c.Shrink();
-      ASSERT_EQ(c.Text(), AllBytes(len, start)) << len << " " << start;
-    }
-}
-
 // The file an empty table writes, whole. Other builds of the game must read
 // our files and we theirs: the key schedule, the generator's single-precision
-// draws and the stretching all show up here.
+// draws and the stretching all show up here. The round trips below (texts of
+// 640 and 2606 bytes) and the cut-short file (whole groups) take every kind of
+// last group through the stretching and back.
 const std::string kEmptyFile = std::string(
     "aoPbPSJhLh=GiXap`_YLo@reHbV@qkFKVMoOEgzG>YQCVekLfpKZ`DbeBNNwHff<I<EMUmbE?;\\NaNKuRJ@_P^MsdHLaM;[<"
     "SlPaf=chj=DLB@EQoCuZ[>CQe`RxQhYKqTudwx[?TeQIgj;OTx]XqxkPaDLZdx]FCz\\mvOS]lnQiJaWmOqRXNgLoxSD;OsJU"
@@ -98,7 +84,6 @@ TEST(WebmasterFile, DamagedFilesAreReportedAndKeepWhatWasRead) {
   a.sw.hs.LoadHighScores();
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadHighScoresError: Failed to open high score file\n"
                                                  "Error #62 - Input past end of file"});
-  EXPECT_EQ(LastSound(a.w), ".\\sounds\\powerup2.mp3");
   EXPECT_EQ(a.sw.hs.Entry(0, 3, 5), ref.sw.hs.Entry(0, 3, 5));
   EXPECT_EQ(a.sw.hs.Entry(1, 4, 10), (WebmasterEntry{101080, 81, " , ,, "}));  // as FillTable left it
 
