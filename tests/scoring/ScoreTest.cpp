@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "game/Board.h"
-#include "support/TempDir.h"
 
 namespace sw::test {
 
@@ -42,16 +41,6 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
   }
 }
 
-TEST(ScoreTest, AnEventWithoutBonusStillTracesItsBonus) {
-  TempDir dir;
-  Board b;
-  b.sw.opts.Current().bDebug = -1;
-  b.sw.session.DebugOpen(true, true);
-  b.sc.AddPoints(7);
-  b.sw.dbg.DebugExit();
-  EXPECT_NE(Slurp(DebugLog::kFileName).find("lBonus=0 "), std::string::npos);
-}
-
 TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
   Board b;  // normal: one every 10,000
   b.sc.glScore = 25000;
@@ -72,7 +61,6 @@ TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
   b.sc.AddPoints(1);
   EXPECT_EQ(std::vector<int>({b.sc.glScore, b.sc.glNextExtraLife, b.g.gnReconnects}),
             std::vector<int>({10000 + 15 + 7500, 10000 + 17500, 5}));
-  EXPECT_EQ(b.Caption(Label::lblScore), "17,515");
   b.sc.WriteScoreMesg();
   EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Extra Reconnect: This is unheard of!  You have earned an extra "
                                                  "reconnect but you already have the maximum number of reconnects!\n"
