@@ -1,10 +1,14 @@
-// The main window: start-up, typed keys running turns and redrawing the map,
-// no turn inside a turn while the start or a pause runs, and closing.
+// The main window: its sound device (the libraries mapped only while a sound needs them, a new
+// sound cutting off the last), start-up, typed keys running turns and redrawing the map, no turn
+// inside a turn while the start or a pause runs, and closing.
 #include <QAccessible>
 #include <QKeyEvent>
+#include <atomic>
+#include <thread>
 
 #include "ui/Accessible.h"
 #include "ui/GameStyle.h"
+#include "ui/Sound.h"
 #include "ui/UiTestSupport.h"
 
 using sw::Picture;
@@ -23,7 +27,7 @@ QString MapMismatch(const frmMain& w) {
                            : on(g.gctVirusPos, g.gnVirusLive) ? Picture::Virus
                            : on(g.gctInfectedPos, g.gnInfectedCount) ? Picture::Infected : Picture::None;
       const QAccessibleInterface* cell =
-          QAccessible::queryAccessibleInterface(w.grdMap)->tableInterface()->cellAt(r, c);  // what a screen reader reads
+          QAccessible::queryAccessibleInterface(w.grdMap)->tableInterface()->cellAt(r, c);  // as a screen reader reads
       if (w.grdMap->PictureAt(c, r) != want || cell->text(QAccessible::Name).toStdString() != sw::PictureWord(want))
         return QStringLiteral("cell %1,%2").arg(c).arg(r);
     }
@@ -42,6 +46,27 @@ void Board(frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
   g.gbEndSite = -1;
 }
 
+// Takes samples about as slowly as a sound card would, and writes down what happened to each
+// clip (read once the player is idle).
+struct Recorder : swui::SoundOutput {
+  QString events;
+  std::atomic<size_t> frames = 0;
+  bool Open(long, int) override { events += "open "; return true; }
+  long Write(const int16_t*, size_t n) override {
+    std::this_thread::sleep_for(std::chrono::milliseconds(4));
+    frames += n;
+    return static_cast<long>(n);
+  }
+  void Drain() override { events += "drain "; }
+  void Drop() override { events += "drop "; }
+  void Close() override { events += "close "; }
+};
+
+void Play(swui::Sound& s, const std::string& name) {
+  s.SetFileName(".\\sounds\\" + name);
+  for (const char* c : {"Stop", "Close", "Open", "Play"}) s.Command(c);
+}
+
 }  // namespace
 
 class TestFrmMain : public QObject {
@@ -54,10 +79,35 @@ class TestFrmMain : public QObject {
   void init() { s_ = std::make_unique<uitest::Session>(); }
   void cleanup() { s_.reset(); }
 
+  // First, while nothing has played: mpg123 is gone once a file is decoded; ALSA comes with an
+  // opened device and goes when it is closed or fails to open.
+  void theLibrariesAreMappedOnlyWhileASoundNeedsThem() {
+    s_.reset();  // the window's own device too
+    QVERIFY(!uitest::Mapped("libmpg123.so") && !uitest::Mapped("libasound.so"));
+    swui::Sound s{std::make_unique<Recorder>()};
+    Play(s, "ammopu3.mp3");
+    QVERIFY(s.Loaded() && !uitest::Mapped("libmpg123.so"));
+    const auto alsa = swui::MakeAlsaOutput("null");  // ALSA's null device takes every sample
+    QVERIFY(!uitest::Mapped("libasound.so") && alsa->Open(44100, 1) && uitest::Mapped("libasound.so"));
+    alsa->Close();
+    QVERIFY(!uitest::Mapped("libasound.so") && !swui::MakeAlsaOutput("no_such_device")->Open(44100, 1));
+    QVERIFY(!uitest::Mapped("libasound.so"));
+  }
+
+  // A new sound stops the last at once, and plays to its end.
+  void aNewSoundCutsOffTheLast() {
+    auto* rec = new Recorder;
+    swui::Sound s{std::unique_ptr<swui::SoundOutput>(rec)};
+    Play(s, "comp-game over.mp3");  // a long one
+    QTRY_VERIFY(rec->frames > 0);
+    Play(s, "ammopu3.mp3");
+    QTRY_VERIFY(!s.Playing());
+    QCOMPARE(rec->events, "open drop close open drain close ");
+  }
+
   // On a 96 DPI screen at scale 1 the board's pictures (with the grid or without it), the pointer
   // and the icon were drawn at build time: the window reads no SVG and loads no SVG code.
   void aBoardAt96DpiReadsNoSvg() {
-    QCOMPARE(s_->w.logicalDpiX(), 96);
     for (int i = 0; i < 2; ++i, s_->w.sw.menu.menGrid_Click()) (void)s_->w.grab();
     s_->w.SetPointer(sw::Pointer::Custom);
     QCOMPARE(frmMain::AppIcon().availableSizes().size(), 4);
@@ -65,11 +115,10 @@ class TestFrmMain : public QObject {
     QVERIFY(!uitest::Mapped("libQt6Svg"));
   }
 
-  // A first run: no options file, said so; the first game on the map; the options on the menus;
-  // the window and its cells sized in twips, the cells taking the grid lines' room without them.
+  // A first run: the first game on the map; the options on the menus; the window and its cells sized
+  // in twips, the cells taking the grid lines' room without them.
   void startUpShowsTheFirstGame() {
     frmMain& w = s_->w;
-    QCOMPARE(s_->boxes.titles.value(0), QStringLiteral("Error: LoadOptions"));
     QCOMPARE(MapMismatch(w), QString());
     QVERIFY(w.menSound->isChecked() && w.menGrid->isChecked() && w.menDiffLevel[2]->isChecked());
     for (QLabel* l : w.pctInfoBar->findChildren<QLabel*>()) QVERIFY(l->accessibleName().endsWith(l->text()));
@@ -159,6 +208,7 @@ class TestFrmMain : public QObject {
     QVERIFY(keysInPause > 0 && boxes.titles.isEmpty());
   }
 
+  // Closing asks first: No keeps the window up, Yes quits with the options saved.
   void closingAsksAndQuits() {
     frmMain& w = s_->w;
     s_->boxes.titles.clear();
