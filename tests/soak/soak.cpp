@@ -8,21 +8,14 @@
 #include <unistd.h>
 
 #include <QAction>
-#include <QApplication>
-#include <QDir>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QMenuBar>
-#include <QPushButton>
-#include <QTemporaryDir>
-#include <QTimer>
 #include <cstdio>
-#include <cstdlib>
 #include <fstream>
 #include <random>
 
-#include "ui/frmMain.h"
-#include "ui/frmMsgBox.h"
+#include "ui/UiTestSupport.h"
 
 namespace {
 
@@ -49,12 +42,10 @@ void SendKey(QWidget* to, int key, const QString& text, Qt::KeyboardModifiers mo
 
 int main(int argc, char* argv[]) {
   QApplication app(argc, argv);
-  const long target = argc > 1 ? std::atol(argv[1]) : 1000;
-  std::mt19937 rng(argc > 2 ? static_cast<unsigned>(std::atol(argv[2])) : 1u);
+  const long target = QApplication::arguments().value(1, "1000").toLong();
+  std::mt19937 rng(QApplication::arguments().value(2, "1").toUInt());
   auto pick = [&](qsizetype n) { return static_cast<qsizetype>(rng() % static_cast<size_t>(n)); };
-
-  QTemporaryDir dir;
-  QDir::setCurrent(dir.path());
+  uitest::FreshDir dir;
 
   // Message boxes: any of the buttons shown.
   swui::frmMsgBox::testAnswer = [&](swui::frmMsgBox& box) -> int16_t {
@@ -92,7 +83,7 @@ int main(int argc, char* argv[]) {
     if (pick(8) == 0)
       SendKey(&w, navKeys[pick(10)], "", Qt::KeypadModifier);
     else
-      SendKey(&w, c.unicode() == ' ' ? int{Qt::Key_Space} : int{c.toUpper().unicode()}, QString(c));
+      SendKey(&w, c.toUpper().unicode(), QString(c));  // the key of a letter is its capital's code
     if (typed == 1000) rssAfterFirst = RssKiB();
   });
   driver.start(0);

@@ -8,6 +8,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
+#include <utility>
 
 #include "ui/frmMain.h"
 #include "ui/frmMsgBox.h"
@@ -35,9 +36,7 @@ struct ScriptedBoxes {
   ScriptedBoxes() {
     swui::frmMsgBox::testAnswer = [this](swui::frmMsgBox& box) -> int16_t {
       titles << box.windowTitle();
-      const int16_t answer = next != 0 ? next : box.cmdYes->isVisibleTo(&box) ? 6 : 1;
-      next = 0;
-      return answer;
+      return next != 0 ? std::exchange(next, int16_t{0}) : box.cmdYes->isVisibleTo(&box) ? 6 : 1;
     };
   }
   ~ScriptedBoxes() { swui::frmMsgBox::testAnswer = nullptr; }
