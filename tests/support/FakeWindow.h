@@ -27,7 +27,6 @@ class FakeWindow : public IMainWindow {
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
   ProgBarState bar;         // the lag bar as last shown
   int16_t cellTw = 0;  // SetGridLayout
-  bool gridLines = false;
   int ended = 0;  // EndProgram calls
   std::vector<Dialog> dialogs;  // dialogs shown, in order
   // What the player does in a dialog while it is shown (nothing: it is simply closed).
@@ -48,9 +47,7 @@ class FakeWindow : public IMainWindow {
   }
   void Refresh() override {}
   void SetWindowSize(int32_t, int32_t, int32_t) override {}
-  void SetGridLayout(int16_t, int16_t, int32_t, int32_t, int16_t cell, bool lines) override {
-    cellTw = cell, gridLines = lines;
-  }
+  void SetGridLayout(int16_t, int16_t, int32_t, int32_t, int16_t cell, bool) override { cellTw = cell; }
   void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
   void SetLabelForeColor(Label, uint32_t) override {}
