@@ -11,6 +11,7 @@ namespace {
 
 // The combo of each command, as the dialog numbers them like a number pad.
 constexpr int16_t kLink = 0, kDown = 2, kUp = 8, kWait = 10;
+using Ints = std::vector<int>;  // several values compared at once
 
 struct Controls : App {
   CommandListDialog& d = sw.controls;
@@ -45,12 +46,10 @@ struct Controls : App {
 TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
   Controls c;
   c.Visit([&] {
-    EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text, "82");
-    EXPECT_EQ(std::vector<int>({int(c.d.cmbProfileItems.size()), c.d.nProfileIndex}), std::vector<int>({4, 0}));
+    EXPECT_EQ(Ints({int(c.d.cmbProfileItems.size()), c.d.nProfileIndex}), Ints({4, 0}));
     c.d.cmbKey_Change(kUp, "2");  // Down holds 2: it takes Up's old 8
     EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text + " " + c.op.szProfile, "28 (Temporary)");
-    EXPECT_EQ(std::vector<int>({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}),
-              std::vector<int>({0, -1, 1, 0}));
+    EXPECT_EQ(Ints({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}), Ints({0, -1, 1, 0}));
     c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
     EXPECT_EQ(c.d.cmbKey[kLink].text + std::to_string(c.d.GetCmbKey(kLink)), "E101");
     c.d.cmbKey_Change(kWait, "", 0);  // "Enter", the list's first item
@@ -65,8 +64,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.d.cmdOK_Click();
   });
   const ControlProfile& temp = c.op.cpProfile[0];
-  EXPECT_EQ(std::vector<int>({temp.CPMoveUp, temp.CPMoveDown, temp.CPWait, temp.CPLink}),
-            std::vector<int>({'2', '8', 9, 32}));
+  EXPECT_EQ(Ints({temp.CPMoveUp, temp.CPMoveDown, temp.CPWait, temp.CPLink}), Ints({'2', '8', 9, 32}));
   EXPECT_EQ(Shown(c.w).at(0).rfind("Save current control settings?: ", 0), 0u);
   // A stored 9 shows the Tab item; the temporary profile is what the dialog shows next time.
   c.Visit([&] { EXPECT_EQ(c.d.cmbKey[kWait].text + std::to_string(c.d.cmbKey[kWait].nListIndex), "Tab4"); });
@@ -94,11 +92,10 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
     c.w.answers = {6};
     c.d.cmdSaveProfile_Click();
     EXPECT_EQ(c.sel.gszSelect + " " + std::to_string(c.sel.gnSelIndex), "Arrows 0");
-    EXPECT_EQ(std::vector<int>({int(c.op.cpProfile.size()), c.op.cpProfile[5].CPMoveUp}), std::vector<int>({6, 'q'}));
+    EXPECT_EQ(Ints({int(c.op.cpProfile.size()), c.op.cpProfile[5].CPMoveUp}), Ints({6, 'q'}));
     c.w.answers = {6};
     c.d.cmdDelProfile_Click();
-    EXPECT_EQ(std::vector<int>({int(c.op.cpProfile.size()), c.op.nProfile, c.d.nProfileIndex}),
-              std::vector<int>({5, 1, 0}));
+    EXPECT_EQ(Ints({int(c.op.cpProfile.size()), c.op.nProfile, c.d.nProfileIndex}), Ints({5, 1, 0}));
     EXPECT_EQ(c.op.szProfile + " " + c.d.cmbKey[kUp].text, "Number Pad (Default) 8");
     c.d.cmdOK_Click();
   });
@@ -154,7 +151,7 @@ TEST(SelectDialog, NothingChosenIsRefusedAndCancelChoosesNothing) {
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{
                             "No Selection Made: You have not made any selection.\nPlease type your selection or "
                             "choose a selection from the list.  Click 'Cancel' to abort."});
-  EXPECT_EQ(std::vector<int>({s.gbRet, s.gnSelIndex}), std::vector<int>({0, -1}));
+  EXPECT_EQ(Ints({s.gbRet, s.gnSelIndex}), Ints({0, -1}));
 }
 
 }  // namespace sw::test
