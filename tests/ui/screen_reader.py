@@ -30,6 +30,17 @@ def press(*keys):
         time.sleep(0.5)
 
 
+def menu(key, *item_keys):  # opens a menu with its key and, once it is on screen, picks an item
+    mark = len(events)
+    press(key)
+
+    def popup():
+        return any(e.type.endswith("showing") and e.detail1 and e.source.getRole() == pyatspi.ROLE_POPUP_MENU
+                   for e in events[mark:])
+    assert pump(20, popup), f"no menu on screen after {key}"
+    press(*item_keys)
+
+
 def walk(obj):
     yield obj
     for child in obj if obj.getRole() != pyatspi.ROLE_TABLE else []:
@@ -59,7 +70,7 @@ board = find(pyatspi.ROLE_TABLE, "Map")
 t = board.queryTable()
 assert ((t.nRows, t.nColumns, board.childCount, board.getChildAtIndex(335).getRole()) ==
       (14, 24, 336, pyatspi.ROLE_TABLE_CELL)), "the board is no table of 14 x 24 cells"
-assert pump(5, board_focused), "the board does not have the focus"
+assert pump(20, board_focused), "the board does not have the focus"
 names = [o.name for o in walk(board.parent.parent)]
 bad = [n for n in names if "&" in n or re.match(r"(frm|lbl|lb|cmd|cmb|men|shp|pbr|pct|grd)[A-Z(]|announcer$", n)]
 assert not bad, f"names with a marker or an internal name: {bad}"
@@ -80,10 +91,10 @@ for _ in range(5):
                                                               for v in viruses)), (None, None))
     if key:
         break
-    press("alt+g", "n", "Return")
+    menu("alt+g", "n", "Return")
 mark = len(events)
 press(key)
-assert pump(5, lambda: said(mark)), "no news after a turn"
+assert pump(20, lambda: said(mark)), "no news after a turn"
 after = cells()
 assert after[to] == "Whisk" and after[whisk] != "Whisk" and f"Whisk at {to[1] + 1}, {to[0] + 1}." in said(mark)[0], \
     f"Whisk moved to {to}: the cells read {after[whisk]} -> {after[to]}; the news: {said(mark)}"
@@ -95,22 +106,22 @@ assert {"Whisk", after[whisk]} <= renamed, f"names changed: {renamed}"
 # A review key reads the next cell and plays no turn.
 mark = len(events)
 press("Right" if to[1] < 23 else "Left")
-assert pump(5, lambda: said(mark)) and re.fullmatch(r"[a-z ]+, 1 (right|left)", said(mark)[0]), f"review: {said(mark)}"
+assert pump(20, lambda: said(mark)) and re.fullmatch(r"[a-z ]+, 1 (right|left)", said(mark)[0]), f"review: {said(mark)}"
 assert cells() == after and board_focused(), "the review key changed the board or the focus"
 
 # The Controls key boxes, by command and key; the focus back on the board when the dialog closes.
-press("alt+o", "c")
-assert pump(5, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog"
+menu("alt+o", "c")
+assert pump(20, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog"
 boxes = {o.name: o.description for o in walk(find(pyatspi.ROLE_DIALOG, "Controls"))
          if o.getRole() == pyatspi.ROLE_COMBO_BOX}
 assert {"Up/Left": "7", "Pause": "5", "Wait": "0", "Link": "+"}.items() <= boxes.items(), f"key boxes: {boxes}"
 press("Escape")
-assert pump(5, board_focused), "the board has no focus after the Controls dialog"
+assert pump(20, board_focused), "the board has no focus after the Controls dialog"
 
 # A message box: an alert with its text and an Ok button; the focus back on the board after it.
-press("alt+h", "a")
-assert pump(5, lambda: find(pyatspi.ROLE_ALERT, "About Skitterweb")), "the About box is no alert"
+menu("alt+h", "a")
+assert pump(20, lambda: find(pyatspi.ROLE_ALERT, "About Skitterweb")), "the About box is no alert"
 inside = [(o.getRole(), o.name) for o in walk(find(pyatspi.ROLE_ALERT, "About Skitterweb"))]
 assert (pyatspi.ROLE_PUSH_BUTTON, "Ok") in inside and any("Version 1.14" in n for _, n in inside), f"alert: {inside}"
 press("Return")
-assert pump(5, board_focused), "the board has no focus after the message box"
+assert pump(20, board_focused), "the board has no focus after the message box"
