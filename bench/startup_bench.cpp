@@ -93,8 +93,8 @@ int main(int argc, char* argv[]) {
       }
       samples[static_cast<size_t>(p)].push_back(s);
     }
-  std::printf("%-28s %12s %12s %8s %10s %9s %10s\n", "program", "to frame ms", "CPU ms", "frames", "peak MB",
-              "user ms", "faults");
+  std::printf("%-28s %12s %12s %8s %10s %9s %10s\n", "program", "to frame ms", "CPU ms", "frames", "peak MB", "user ms",
+              "faults");
   for (int p = 0; p < programs; ++p) {
     std::vector<double> wall, cpu, user, faults, rss, paints;
     for (const Sample& s : samples[static_cast<size_t>(p)]) {

@@ -6,18 +6,18 @@
 #include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
 #include "game/Game.h"
-#include "runtime/GameState.h"
 #include "game/MainMenu.h"
 #include "game/Review.h"
 #include "game/StateDump.h"
 #include "game/TurnSummary.h"
-#include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "options/CommandListDialog.h"
 #include "options/OptionsFile.h"
 #include "options/SelectDialog.h"
+#include "runtime/GameState.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Options.h"
 #include "runtime/Random.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScoreDialog.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
@@ -31,9 +31,9 @@ class Skitterweb {
   Skitterweb& operator=(const Skitterweb&) = delete;
 
   IMainWindow& frmMain;
-  Random rnd;        // the game's generator
-  GameState game;    // the map, its objects, the turn's counters and flags
-  Options opts;      // the players' records; the guest until the file is read
+  Random rnd;      // the game's generator
+  GameState game;  // the map, its objects, the turn's counters and flags
+  Options opts;    // the players' records; the guest until the file is read
   DebugLog dbg{opts, game};
   Shell shell{game, opts, dbg, frmMain};
   Score score{game, opts, dbg, shell, frmMain};
@@ -48,7 +48,8 @@ class Skitterweb {
   CommandListDialog controls{opts, dbg, shell, select, frmMain};
   TurnSummary news{game, engine, frmMain};  // the key handler, with the news of each turn
   Review review{game, frmMain};             // the review keys' cursor
-  MainMenu menu{game, opts, optsFile, dbg, session, dump, shell, score, hs, webmasters, engine, mark, controls, frmMain};
+  MainMenu menu{game,  opts, optsFile,   dbg,    session, dump,     shell,
+                score, hs,   webmasters, engine, mark,    controls, frmMain};
 };
 
 }  // namespace sw

@@ -218,9 +218,9 @@ void Measure(Pictures& pics) {
     const QRect b = Ink(*r, 64, &cover);
     if (b.isNull()) continue;
     const int lng = std::max(b.width(), b.height()), sht = std::min(b.width(), b.height());
-    std::printf("%-9s %2d,%2d %2dx%-2d       %3d%%     %3d%%     %3d%%     %d %d %d %d\n", qPrintable(n), b.x(),
-                b.y(), b.width(), b.height(), lng * 100 / 64, sht * 100 / 64, cover, b.left(), b.top(),
-                63 - b.right(), 63 - b.bottom());
+    std::printf("%-9s %2d,%2d %2dx%-2d       %3d%%     %3d%%     %3d%%     %d %d %d %d\n", qPrintable(n), b.x(), b.y(),
+                b.width(), b.height(), lng * 100 / 64, sht * 100 / 64, cover, b.left(), b.top(), 63 - b.right(),
+                63 - b.bottom());
   }
   if (QSvgRenderer* r = pics.Get("pointer")) {
     const QRect b = Ink(*r, 32);

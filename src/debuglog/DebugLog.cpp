@@ -3,10 +3,10 @@
 #include <cstdio>
 #include <ctime>
 
-#include "runtime/GameState.h"
-#include "runtime/Options.h"
 #include "runtime/Files.h"
+#include "runtime/GameState.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
@@ -71,9 +71,7 @@ void DebugLog::DebugWrite(const TraceRecord& rec, bool bMark, bool bDumpAll) {
 
 void DebugLog::DebugMark(int16_t nType) {
   switch (nType) {
-    case 2:
-      Print(std::string(64, '|'));
-      break;
+    case 2: Print(std::string(64, '|')); break;
     case 3: {
       Print("");
       std::string a, b;
@@ -85,9 +83,7 @@ void DebugLog::DebugMark(int16_t nType) {
       Print(b);
       break;
     }
-    default:
-      Print(std::string(64, '*'));
-      break;
+    default: Print(std::string(64, '*')); break;
   }
 }
 

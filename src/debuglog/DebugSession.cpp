@@ -1,11 +1,11 @@
 #include "debuglog/DebugSession.h"
 
 #include "debuglog/DebugLog.h"
-#include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "runtime/Files.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 
 namespace sw {
 

@@ -63,7 +63,8 @@ void frmDebugMark::Redraw() {
     accept();
     return;
   }
-  if (txtComment->text().toStdString() != model_.txtComment) txtComment->setText(QString::fromStdString(model_.txtComment));
+  if (txtComment->text().toStdString() != model_.txtComment)
+    txtComment->setText(QString::fromStdString(model_.txtComment));
   lblDateTime->setText(QString::fromStdString(model_.lblDateTime));
 }
 

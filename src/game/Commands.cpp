@@ -3,8 +3,8 @@
 #include <cstdlib>
 
 #include "debuglog/DebugLog.h"
-#include "runtime/Shell.h"
 #include "runtime/Options.h"
+#include "runtime/Shell.h"
 
 #include "game/Game.h"
 #include "runtime/Checked.h"
@@ -66,9 +66,14 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
 
 bool Game::DoCommand(Command cmd) {
   switch (cmd) {
-    case Command::MoveUp: case Command::MoveUpRight: case Command::MoveRight: case Command::MoveDownRight:
-    case Command::MoveDown: case Command::MoveDownLeft: case Command::MoveLeft: case Command::MoveUpLeft:
-      return MoveCommand(kMoveDir[static_cast<int>(cmd)]);
+    case Command::MoveUp:
+    case Command::MoveUpRight:
+    case Command::MoveRight:
+    case Command::MoveDownRight:
+    case Command::MoveDown:
+    case Command::MoveDownLeft:
+    case Command::MoveLeft:
+    case Command::MoveUpLeft: return MoveCommand(kMoveDir[static_cast<int>(cmd)]);
     case Command::Wait:
       game.gbEndSite = 0;
       game.gbWaitOn = -1;
@@ -84,15 +89,16 @@ bool Game::DoCommand(Command cmd) {
       VirusTurn();
       LagDown();
       return true;
-    case Command::AntiVirus: case Command::Reboot: case Command::Restore: case Command::SoftUpgrade:
+    case Command::AntiVirus:
+    case Command::Reboot:
+    case Command::Restore:
+    case Command::SoftUpgrade:
       // The power-ups are not active in this version; the turn still costs a lag step.
       LagDown();
       return true;
     case Command::Backup:
-    case Command::DedLine:
-      return true;
-    case Command::Link:
-      return LinkCommand();
+    case Command::DedLine: return true;
+    case Command::Link: return LinkCommand();
   }
   return true;
 }
@@ -180,16 +186,19 @@ void Game::PlacePlayer() {
 
   const CoordPair ctOld = game.gctPlayerPos;
   // The link rule needs a cell to keep away from; a mouse that is nowhere has none.
-  const bool bOldOnMap = ctOld.nCol >= 0 && ctOld.nCol < game.gnMapCols && ctOld.nRow >= 0 && ctOld.nRow < game.gnMapRows;
+  const bool bOldOnMap =
+      ctOld.nCol >= 0 && ctOld.nCol < game.gnMapCols && ctOld.nRow >= 0 && ctOld.nRow < game.gnMapRows;
   for (;;) {
     const CoordPair ct = RandomCell();
-    if (game.gbLinkOn && bOldOnMap && std::abs(ct.nRow - ctOld.nRow) < 2 && std::abs(ct.nCol - ctOld.nCol) < 2) continue;
+    if (game.gbLinkOn && bOldOnMap && std::abs(ct.nRow - ctOld.nRow) < 2 && std::abs(ct.nCol - ctOld.nCol) < 2)
+      continue;
     if (ct == game.gctPlayerPos) continue;
     if (MovePlayer(ct)) break;
   }
 
   if (dbg.On())
-    dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(new)", game.gctPlayerPos.Text()).Var("gnPlayerDir", game.gnPlayerDir));
+    dbg.DebugWrite(
+        Trace("PlacePlayer").Var("gctPlayerPos(new)", game.gctPlayerPos.Text()).Var("gnPlayerDir", game.gnPlayerDir));
 }
 
 }  // namespace sw

@@ -5,8 +5,8 @@
 #include <cmath>
 
 #include "debuglog/DebugLog.h"
-#include "runtime/Options.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/Random.h"
 
 namespace sw {
@@ -63,14 +63,26 @@ void Game::MoveNumDir(CoordPair& ctPos, int16_t nDir) {
   const CoordPair original = ctPos;
   int dc = 0, dr = 0;
   switch (nDir) {
-    case 7: dc = -1; dr = -1; break;
+    case 7:
+      dc = -1;
+      dr = -1;
+      break;
     case 8: dr = -1; break;
-    case 9: dc = 1; dr = -1; break;
+    case 9:
+      dc = 1;
+      dr = -1;
+      break;
     case 4: dc = -1; break;
     case 6: dc = 1; break;
-    case 1: dc = -1; dr = 1; break;
+    case 1:
+      dc = -1;
+      dr = 1;
+      break;
     case 2: dr = 1; break;
-    case 3: dc = 1; dr = 1; break;
+    case 3:
+      dc = 1;
+      dr = 1;
+      break;
     default: break;  // 5 and anything else: standing still
   }
   ctPos.nCol = static_cast<int16_t>(ctPos.nCol + dc);

@@ -22,8 +22,23 @@ struct ControlProfile;
 
 // The player's commands, in the order a control profile lists their keys.
 enum class Command : int16_t {
-  MoveUp, MoveUpRight, MoveRight, MoveDownRight, MoveDown, MoveDownLeft, MoveLeft, MoveUpLeft,
-  Wait, Pause, AntiVirus, Reboot, Backup, Restore, SoftUpgrade, DedLine, Link,
+  MoveUp,
+  MoveUpRight,
+  MoveRight,
+  MoveDownRight,
+  MoveDown,
+  MoveDownLeft,
+  MoveLeft,
+  MoveUpLeft,
+  Wait,
+  Pause,
+  AntiVirus,
+  Reboot,
+  Backup,
+  Restore,
+  SoftUpgrade,
+  DedLine,
+  Link,
 };
 
 // The character a typed key stands for in a profile: an upper-case letter that

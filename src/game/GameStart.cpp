@@ -4,13 +4,13 @@
 #include "game/Game.h"
 
 #include "debuglog/DebugLog.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "runtime/Checked.h"
+#include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/Random.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
-#include "runtime/NumText.h"
 
 namespace sw {
 
@@ -93,7 +93,8 @@ void Game::ResetObjects() {
   game.gnVirusLive = 0;
   game.gctVirusPos.assign(1, CoordPair{-1, -1});
 
-  for (int16_t i = 1; i <= game.gnInfectedCount; ++i) DrawCell(game.gctInfectedPos[static_cast<size_t>(i)], Picture::None);
+  for (int16_t i = 1; i <= game.gnInfectedCount; ++i)
+    DrawCell(game.gctInfectedPos[static_cast<size_t>(i)], Picture::None);
   game.gnInfectedCount = 0;
   game.gctInfectedPos.assign(1, CoordPair{-1, -1});
 

@@ -3,17 +3,17 @@
 #include "debuglog/DebugLog.h"
 #include "debuglog/DebugMarkDialog.h"
 #include "debuglog/DebugSession.h"
-#include "runtime/Difficulty.h"
 #include "game/Game.h"
 #include "game/StateDump.h"
+#include "options/CommandListDialog.h"
+#include "options/OptionsFile.h"
+#include "runtime/Difficulty.h"
 #include "runtime/GameState.h"
 #include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "options/CommandListDialog.h"
-#include "runtime/Options.h"
-#include "options/OptionsFile.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScoreDialog.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
@@ -30,9 +30,8 @@ Menu StartSiteItem(int16_t i) { return static_cast<Menu>(static_cast<int>(Menu::
 MainMenu::MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
                    StateDump& dump, Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters,
                    Game& engine, DebugMarkDialog& mark, CommandListDialog& controls, IMainWindow& frmMain)
-    : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), dump(dump), shell(shell),
-      score(score), hs(hs), webmasters(webmasters), engine(engine), mark(mark), controls(controls),
-      frmMain(frmMain) {}
+    : game(game), opts(opts), optsFile(optsFile), dbg(dbg), session(session), dump(dump), shell(shell), score(score),
+      hs(hs), webmasters(webmasters), engine(engine), mark(mark), controls(controls), frmMain(frmMain) {}
 
 void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   try {
@@ -132,8 +131,7 @@ void MainMenu::menNewGame_Click() {
 
 void MainMenu::menHighScores_Click() {
   if (shell.Refused()) return;
-  Run("frmMain.menHighScores_Click",
-      [this] { webmasters.ShowHighScores(HighScores::kAllTime, opts.CheckedDiff()); });
+  Run("frmMain.menHighScores_Click", [this] { webmasters.ShowHighScores(HighScores::kAllTime, opts.CheckedDiff()); });
 }
 
 void MainMenu::menQuit_Click() {
@@ -255,8 +253,7 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
     }
     for (int16_t i = 0; i <= 9; ++i) frmMain.SetMenuChecked(StartSiteItem(i), i == Index);
     opts.Current().nStartSite = Index;
-    if (dbg.On())
-      dbg.DebugWrite(Trace("frmMain.menStartSiteNum_Click").In("Index", Index).Var("bNewGame", bNewGame));
+    if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menStartSiteNum_Click").In("Index", Index).Var("bNewGame", bNewGame));
     if (bNewGame) engine.StartGame();
   });
 }
@@ -324,8 +321,8 @@ void MainMenu::menCredits_Click() {
     shell.ShowMsg("--Game Development--" + nl + "Design and programming" + dots + team + nl + "Original game" + dots +
                       team + nl + "Help file" + dots + team + nl + "Cipher code" + dots + team + nl +
                       "Progress bar object" + dots + team + nl + nl + "--Art--" + nl +
-                      "Mouse, dead mouse and infected server" + dots + team + nl + "Virus art" + dots + team + nl +
-                      nl + "--Sound--" + nl + "Computer voice" + dots + team,
+                      "Mouse, dead mouse and infected server" + dots + team + nl + "Virus art" + dots + team + nl + nl +
+                      "--Sound--" + nl + "Computer voice" + dots + team,
                   0, "Credits for Skitterweb", "jad0025a3.mp3");
   });
 }

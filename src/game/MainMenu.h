@@ -25,9 +25,9 @@ class IMainWindow;
 
 class MainMenu {
  public:
-  MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session,
-           StateDump& dump, Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine,
-           DebugMarkDialog& mark, CommandListDialog& controls, IMainWindow& frmMain);
+  MainMenu(GameState& game, Options& opts, OptionsFile& optsFile, DebugLog& dbg, DebugSession& session, StateDump& dump,
+           Shell& shell, Score& score, HighScores& hs, HighScoreDialog& webmasters, Game& engine, DebugMarkDialog& mark,
+           CommandListDialog& controls, IMainWindow& frmMain);
 
   // Start-up: loads the options, applies them through the menu commands while
   // gbGameInit is set, starts the first game and loads the webmaster lists.

@@ -11,7 +11,7 @@ namespace {
 
 // One colour tier of the lag display. The tier's number is the lag above its floor.
 struct LagTier {
-  int16_t nFloor;     // the tier holds lags above this
+  int16_t nFloor;  // the tier holds lags above this
   const char* szColor;
   int16_t nMinLag;    // the worst tier of the site, for the low-lag bonus (1 blue .. 4 timeout)
   int16_t nLinkCost;  // what a link adds before the step it also costs; no link in the timeout

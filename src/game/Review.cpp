@@ -48,8 +48,8 @@ int Steps(const CoordPair& a, const CoordPair& b) {
 
 std::vector<CoordPair> LiveViruses(const GameState& game) {
   if (game.gctVirusPos.empty()) return {};
-  const size_t live = std::min(static_cast<size_t>(std::max<int16_t>(game.gnVirusLive, 0)),
-                               game.gctVirusPos.size() - 1);
+  const size_t live =
+      std::min(static_cast<size_t>(std::max<int16_t>(game.gnVirusLive, 0)), game.gctVirusPos.size() - 1);
   return {game.gctVirusPos.begin() + 1, game.gctVirusPos.begin() + 1 + static_cast<long>(live)};
 }
 
@@ -92,7 +92,10 @@ void Review::Key(ReviewKey key) {
   if (cursor_.nCol < 0 || cursor_.nRow < 0) return;  // no mouse on the map: nothing to read from
   std::string prefix;
   switch (key) {
-    case ReviewKey::Left: case ReviewKey::Right: case ReviewKey::Up: case ReviewKey::Down: {
+    case ReviewKey::Left:
+    case ReviewKey::Right:
+    case ReviewKey::Up:
+    case ReviewKey::Down: {
       CoordPair next = cursor_;
       if (key == ReviewKey::Left) --next.nCol;
       if (key == ReviewKey::Right) ++next.nCol;
@@ -104,9 +107,7 @@ void Review::Key(ReviewKey key) {
         cursor_ = next;
       break;
     }
-    case ReviewKey::Whisk:
-      cursor_ = game.gctPlayerPos;
-      break;
+    case ReviewKey::Whisk: cursor_ = game.gctPlayerPos; break;
     case ReviewKey::NearestVirus: {
       const std::vector<CoordPair> order = ByDistance(LiveViruses(game), game.gctPlayerPos);
       if (order.empty()) {

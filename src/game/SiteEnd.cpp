@@ -1,12 +1,12 @@
 // The end of a site: the mouse's death (a reconnect spent, or game over) and
 // a site won.
-#include "game/Game.h"
 #include "debuglog/DebugLog.h"
+#include "game/Game.h"
+#include "runtime/Checked.h"
+#include "runtime/NumText.h"
 #include "runtime/Shell.h"
 #include "scoring/HighScoreDialog.h"
 #include "scoring/Score.h"
-#include "runtime/Checked.h"
-#include "runtime/NumText.h"
 
 namespace sw {
 
@@ -15,8 +15,7 @@ namespace {
 std::string CauseText(int16_t nCause) {
   switch (nCause) {
     case kWalkedOntoVirus: return "Poor little suicidal mouse! Lucky, lucky virus!";
-    case kVirusReachedMouse:
-      return "You have been infected by an skitterweb! Attempting to restore soul from backup.";
+    case kVirusReachedMouse: return "You have been infected by an skitterweb! Attempting to restore soul from backup.";
     case kWalkedOntoInfected: return "Walked right into that one, didn't you?";
     case kLinkedOntoVirus: return "That was a trapped link set up by those nasty viruses!  You are dead!";
     case kLinkedOntoInfected: return "That link lead you right to an infected site!  You are dead!";
@@ -41,14 +40,16 @@ void Game::PlayerDead(int16_t nCause) {
     game.gnReconnects = Sub16(game.gnReconnects, 1);
 
     if (dbg.On()) {
-      dbg.DebugWrite(
-          Trace("PlayerDead").In("nCause", nCause).Var("gbEndSite", game.gbEndSite).Var("gnReconnects", game.gnReconnects));
+      dbg.DebugWrite(Trace("PlayerDead")
+                         .In("nCause", nCause)
+                         .Var("gbEndSite", game.gbEndSite)
+                         .Var("gnReconnects", game.gnReconnects));
     }
 
     if (game.gnReconnects >= 0) {
       frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
-      shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " + NumText(int64_t{game.gnReconnects}) +
-                        " reconnects remaining. Get ready to try again!",
+      shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " +
+                        NumText(int64_t{game.gnReconnects}) + " reconnects remaining. Get ready to try again!",
                     0, "Player Died", "comp-dead.mp3");
       InitMap();
       return;
@@ -61,8 +62,9 @@ void Game::PlayerDead(int16_t nCause) {
     game.gbGameOn = 0;
     game.gbWaitOn = 0;
     if (dbg.On()) {
-      dbg.DebugWrite(Trace("PlayerDead").Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn}) +
-                                              " gbWaitOn=" + NumText(int64_t{game.gbWaitOn})));
+      dbg.DebugWrite(Trace("PlayerDead")
+                         .Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn}) +
+                               " gbWaitOn=" + NumText(int64_t{game.gbWaitOn})));
     }
     shell.ShowMsg("Would you like to play another game?", 4, "Play again?", "comp-new game.mp3");
     if (shell.gnMsgReturn == 6) StartGame();
@@ -84,8 +86,8 @@ void Game::NewSite() {
     score.WriteScoreMesg();
     if (dbg.On()) dbg.DebugWrite(Trace("NewSite").Var("gnSitesHit", game.gnSitesHit));
     frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
-    shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " + NumText(int64_t{game.gnSitesHit}) +
-                      "!" + "\n" + "Get ready for your next web search!",
+    shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " +
+                      NumText(int64_t{game.gnSitesHit}) + "!" + "\n" + "Get ready for your next web search!",
                   0, "Site Hit", "comp-level complete.mp3");
     InitMap();
   } catch (const RuntimeError& err) {

@@ -5,10 +5,10 @@
 #include "debuglog/DebugLog.h"
 #include "runtime/GameState.h"
 #include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScores.h"
 #include "scoring/Score.h"
 
@@ -39,10 +39,11 @@ const char* LagColorName(uint32_t barColor) {
   }
 }
 
-const char* const kCommandLabels[17] = {
-    "Move Up=", "Move Up Right=", "Move Right=", "Move Down Right=", "Move Down=", "Move Down Left=",
-    "Move Left=", "Move Up Left=", "Wait=", "Pause=", "Anti Virus=", "Reboot=", "Backup=", "Restore=",
-    "Software Upgrade=", "Dedicated Line=", "Link="};
+const char* const kCommandLabels[17] = {"Move Up=",   "Move Up Right=",  "Move Right=",       "Move Down Right=",
+                                        "Move Down=", "Move Down Left=", "Move Left=",        "Move Up Left=",
+                                        "Wait=",      "Pause=",          "Anti Virus=",       "Reboot=",
+                                        "Backup=",    "Restore=",        "Software Upgrade=", "Dedicated Line=",
+                                        "Link="};
 
 }  // namespace
 

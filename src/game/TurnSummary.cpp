@@ -9,16 +9,14 @@ namespace sw {
 
 namespace {
 
-std::string Count(long n, const char* one, const char* many) {
-  return std::to_string(n) + " " + (n == 1 ? one : many);
-}
+std::string Count(long n, const char* one, const char* many) { return std::to_string(n) + " " + (n == 1 ? one : many); }
 
 // "7 viruses, nearest 2 up 1 left, then 3 right".
 std::string VirusNews(const TurnView& v) {
   if (v.viruses.empty()) return "no viruses";
   const std::vector<CoordPair> order = ByDistance(v.viruses, v.whisk);
-  std::string text = Count(static_cast<long>(v.viruses.size()), "virus", "viruses") + ", nearest " +
-                     OffsetText(v.whisk, order[0]);
+  std::string text =
+      Count(static_cast<long>(v.viruses.size()), "virus", "viruses") + ", nearest " + OffsetText(v.whisk, order[0]);
   if (order.size() > 1) text += ", then " + OffsetText(v.whisk, order[1]);
   return text;
 }

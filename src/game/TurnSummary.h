@@ -26,7 +26,7 @@ struct TurnView {
   int16_t nGameNum = 0;
   bool bGameOn = false;
   bool bEndSite = false;  // the site is over, or not started: no command has run on it yet
-  std::string lag;  // LagTierWord
+  std::string lag;        // LagTierWord
   bool operator==(const TurnView&) const = default;
 
   static TurnView Of(const GameState& game);

@@ -1,12 +1,12 @@
 // The viruses: placement, their turn, the chase, crashes, infections and deaths.
 #include <algorithm>
 
+#include "debuglog/DebugLog.h"
 #include "game/Game.h"
 #include "runtime/Checked.h"
-#include "debuglog/DebugLog.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
+#include "runtime/Shell.h"
 #include "scoring/Score.h"
 
 namespace sw {
@@ -40,7 +40,10 @@ void Game::PlaceVirus() {
 
 void Game::VirusTurn() {
   if (dbg.On())
-    dbg.DebugWrite(Trace("VirusTurn").Var("gbEndSite", game.gbEndSite).Var("gbWaitOn", game.gbWaitOn).Var("gbLinkOn", game.gbLinkOn));
+    dbg.DebugWrite(Trace("VirusTurn")
+                       .Var("gbEndSite", game.gbEndSite)
+                       .Var("gbWaitOn", game.gbWaitOn)
+                       .Var("gbLinkOn", game.gbLinkOn));
   if (!game.gbEndSite) VirusPhase();
   // Nightmare: the viruses move twice for each command, but not after a link.
   if (Level().bTwice && !game.gbEndSite && !game.gbLinkOn) {
@@ -101,7 +104,8 @@ void Game::MoveVirus() {
     if (CanVirusEnter(ct, 0)) game.gctVirusPos[static_cast<size_t>(i)] = ct;
   }
   if (dbg.On())
-    dbg.DebugWrite(Trace("MoveVirus").Var("gnVirusLive", game.gnVirusLive).Var("gctPlayerPos", game.gctPlayerPos.Text()));
+    dbg.DebugWrite(
+        Trace("MoveVirus").Var("gnVirusLive", game.gnVirusLive).Var("gctPlayerPos", game.gctPlayerPos.Text()));
 }
 
 void Game::CheckVirusCrash() {
@@ -124,13 +128,13 @@ void Game::CheckVirusCrash() {
     game.gctInfectedPos[static_cast<size_t>(game.gnInfectedCount)] = ct;
     DrawCell(ct, Picture::Infected);
     if (dbg.On()) {
-      dbg.DebugWrite(Trace("CheckVirusCrash")
-                         .Begin(bFirst)
-                         .Var("bCrash (virus indexes)",
-                              "-1 (" + NumText(int64_t{i}) + " & " + NumText(int64_t{j}) + ")")
-                         .Var("gnInfectedCount", game.gnInfectedCount)
-                         .Var("gnInfectedPos(" + NumText(int64_t{game.gnInfectedCount}) + ")", ct.Text())
-                         .Note("Start flag is being used to mark multiple crashes in same function call"));
+      dbg.DebugWrite(
+          Trace("CheckVirusCrash")
+              .Begin(bFirst)
+              .Var("bCrash (virus indexes)", "-1 (" + NumText(int64_t{i}) + " & " + NumText(int64_t{j}) + ")")
+              .Var("gnInfectedCount", game.gnInfectedCount)
+              .Var("gnInfectedPos(" + NumText(int64_t{game.gnInfectedCount}) + ")", ct.Text())
+              .Note("Start flag is being used to mark multiple crashes in same function call"));
     }
     bFirst = false;
     // j lies above i, so removing it first leaves virus i where it is.

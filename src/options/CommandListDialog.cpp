@@ -4,10 +4,10 @@
 #include <cctype>
 
 #include "debuglog/DebugLog.h"
-#include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "options/SelectDialog.h"
+#include "runtime/MainWindow.h"
+#include "runtime/Options.h"
+#include "runtime/Shell.h"
 
 namespace sw {
 
@@ -163,7 +163,8 @@ void CommandListDialog::cmdSaveProfile_Click() {
     if (!select.gbRet) return;
     const std::string name = Lower(select.gszSelect);
     bool bReserved = false;
-    for (size_t k = 1; k <= 4 && k < op.cpProfile.size(); ++k) bReserved |= Lower(kBuiltInProfiles[k - 1].szName) == name;
+    for (size_t k = 1; k <= 4 && k < op.cpProfile.size(); ++k)
+      bReserved |= Lower(kBuiltInProfiles[k - 1].szName) == name;
     if (bReserved) {
       shell.ShowMsg(std::string("You cannot use a profile name reserved for the default configurations.") + "\n" +
                         "Please select a different profile name.",
@@ -263,8 +264,9 @@ void CommandListDialog::cmdHelp_Click() {
           "You can select one of the default control profiles from the list in the upper left of the window or you "
           "can make your own conrol profile.  Custom profiles can be saved using the 'Save Profile' button so that it "
           "can be easilly recalled by later games." +
-          "\n\n" + "Refer to the Skitterweb help file for more information about the games commands and how to play "
-                   "Skitterweb.",
+          "\n\n" +
+          "Refer to the Skitterweb help file for more information about the games commands and how to play "
+          "Skitterweb.",
       0, "Controls Help", "powerup2.mp3");
 }
 

@@ -7,15 +7,15 @@
 #include <new>
 
 #include "debuglog/DebugLog.h"
-#include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
 #include "debuglog/DebugSession.h"
-#include "runtime/Options.h"
 #include "options/OptionsFile.h"
 #include "runtime/Checked.h"
 #include "runtime/Files.h"
+#include "runtime/MainWindow.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 #include "runtime/WriteList.h"
 
 namespace sw {
@@ -231,8 +231,9 @@ std::string OptionsFile::OptionsText() const {
 
 void OptionsFile::SaveOptions() {
   if (dbg.On()) {
-    dbg.DebugWrite(
-        Trace("SaveOptions").Var("gnOpt", opts.gnOpt).Var("UBound(gopOpts)", static_cast<int64_t>(opts.gopOpts.size()) - 1));
+    dbg.DebugWrite(Trace("SaveOptions")
+                       .Var("gnOpt", opts.gnOpt)
+                       .Var("UBound(gopOpts)", static_cast<int64_t>(opts.gopOpts.size()) - 1));
   }
   if (keepAside_) {
     KeepAside(Options::kFileName);

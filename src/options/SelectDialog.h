@@ -16,10 +16,10 @@ class SelectDialog {
   SelectDialog(DebugLog& dbg, Shell& shell, IMainWindow& frmMain);
 
   // ---- the controls' state
-  std::string szCaption;               // the dialog's title, set by the caller
-  std::vector<std::string> cmbItems;   // cmbSelect's list
-  std::string cmbText;                 // cmbSelect's text
-  int16_t nListIndex = -1;             // the list item selected, -1 for none
+  std::string szCaption;              // the dialog's title, set by the caller
+  std::vector<std::string> cmbItems;  // cmbSelect's list
+  std::string cmbText;                // cmbSelect's text
+  int16_t nListIndex = -1;            // the list item selected, -1 for none
   bool bShown = false;
 
   // ---- the results

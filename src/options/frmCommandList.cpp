@@ -17,7 +17,17 @@ namespace {
 
 // Where each combo sits: laid out like a number pad, Link and Wait on its bottom row.
 constexpr std::array<std::pair<int, int>, 11> kCell = {{
-    {3, 0}, {2, 0}, {2, 1}, {2, 2}, {1, 0}, {1, 1}, {1, 2}, {0, 0}, {0, 1}, {0, 2}, {3, 2},
+    {3, 0},
+    {2, 0},
+    {2, 1},
+    {2, 2},
+    {1, 0},
+    {1, 1},
+    {1, 2},
+    {0, 0},
+    {0, 1},
+    {0, 2},
+    {3, 2},
 }};
 
 class KeyBoxAccessible : public QAccessibleWidget {
@@ -194,8 +204,10 @@ void frmCommandList::Redraw() {
   if (cmbProfile->count() != static_cast<int>(model_.cmbProfileItems.size())) cmbProfile->clear();
   for (size_t k = 0; k < model_.cmbProfileItems.size(); ++k) {
     const QString name = QString::fromStdString(model_.cmbProfileItems[k]);
-    if (static_cast<int>(k) < cmbProfile->count()) cmbProfile->setItemText(static_cast<int>(k), name);
-    else cmbProfile->addItem(name);
+    if (static_cast<int>(k) < cmbProfile->count())
+      cmbProfile->setItemText(static_cast<int>(k), name);
+    else
+      cmbProfile->addItem(name);
   }
   cmbProfile->setCurrentIndex(model_.nProfileIndex);
   for (int i = 0; i <= 10; ++i) {

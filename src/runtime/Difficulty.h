@@ -5,13 +5,13 @@
 namespace sw {
 
 struct Difficulty {
-  const char* szName;        // as the difficulty label shows it: "Easy"
-  const char* szWord;        // as a question names it: "easy"
-  int16_t nScoreMod;         // every score event is multiplied by this
-  int32_t lExtraLifeBonus;   // points between two extra reconnects
-  bool bLag;                 // links cost net lag and every turn lowers it
-  bool bTwice;               // the viruses move twice for each command
-  int32_t nLinkPause;        // ms before the viruses answer a link; 0: a link is a free turn
+  const char* szName;       // as the difficulty label shows it: "Easy"
+  const char* szWord;       // as a question names it: "easy"
+  int16_t nScoreMod;        // every score event is multiplied by this
+  int32_t lExtraLifeBonus;  // points between two extra reconnects
+  bool bLag;                // links cost net lag and every turn lowers it
+  bool bTwice;              // the viruses move twice for each command
+  int32_t nLinkPause;       // ms before the viruses answer a link; 0: a link is a free turn
 };
 
 // Index 1 easy to 4 nightmare. Index 0 stands for a level that does not
@@ -24,8 +24,6 @@ inline constexpr Difficulty kDifficulties[5] = {
     {"Nightmare", "nightmare", 150, 60000, true, true, 325},
 };
 
-inline const Difficulty& DifficultyOf(int16_t nDiff) {
-  return kDifficulties[(nDiff >= 1 && nDiff <= 4) ? nDiff : 0];
-}
+inline const Difficulty& DifficultyOf(int16_t nDiff) { return kDifficulties[(nDiff >= 1 && nDiff <= 4) ? nDiff : 0]; }
 
 }  // namespace sw

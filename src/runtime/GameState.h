@@ -42,12 +42,12 @@ struct ProgBarState {
 
 // Geometry of the main window, in twips.
 namespace twips {
-constexpr int32_t kCell = 499;        // one map cell in the window arithmetic
-constexpr int32_t kMinWidth = 9555;   // the narrowest window
-constexpr int32_t kFrameHeight = 610; // added to the height for the frame
+constexpr int32_t kCell = 499;         // one map cell in the window arithmetic
+constexpr int32_t kMinWidth = 9555;    // the narrowest window
+constexpr int32_t kFrameHeight = 610;  // added to the height for the frame
 constexpr int32_t kInfoBarHeight = 1260;
-constexpr int16_t kCellGridOn = 480;  // a cell drawn with grid lines
-constexpr int16_t kCellGridOff = 490; // and without
+constexpr int16_t kCellGridOn = 480;   // a cell drawn with grid lines
+constexpr int16_t kCellGridOff = 490;  // and without
 }  // namespace twips
 
 struct GameState {

@@ -13,7 +13,15 @@ namespace sw {
 // What a map cell shows. Player1..Player9 are imgPlayer(1..9), one per facing.
 enum class Picture : int16_t {
   None = 0,
-  Player1 = 1, Player2, Player3, Player4, Player5, Player6, Player7, Player8, Player9,
+  Player1 = 1,
+  Player2,
+  Player3,
+  Player4,
+  Player5,
+  Player6,
+  Player7,
+  Player8,
+  Player9,
   Death = 10,     // imgDeath
   Virus = 11,     // imgVirus
   Infected = 12,  // imgInfected
@@ -30,10 +38,25 @@ enum class Pointer { Custom, Hourglass, Arrow };
 
 // Menu items whose check mark or enabled state the model changes.
 enum class Menu {
-  menSound, menGrid, menUseDL, menClearDL, menMarkDL,
-  menDiffLevel1, menDiffLevel2, menDiffLevel3, menDiffLevel4,
-  menStartSiteNum0, menStartSiteNum1, menStartSiteNum2, menStartSiteNum3, menStartSiteNum4,
-  menStartSiteNum5, menStartSiteNum6, menStartSiteNum7, menStartSiteNum8, menStartSiteNum9,
+  menSound,
+  menGrid,
+  menUseDL,
+  menClearDL,
+  menMarkDL,
+  menDiffLevel1,
+  menDiffLevel2,
+  menDiffLevel3,
+  menDiffLevel4,
+  menStartSiteNum0,
+  menStartSiteNum1,
+  menStartSiteNum2,
+  menStartSiteNum3,
+  menStartSiteNum4,
+  menStartSiteNum5,
+  menStartSiteNum6,
+  menStartSiteNum7,
+  menStartSiteNum8,
+  menStartSiteNum9,
 };
 
 // The dialogs the model opens. Each one's state and behaviour live in a

@@ -38,8 +38,10 @@ double Val(std::string_view text) {
     for (; i < s.size(); ++i) {
       const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(s[i])));
       int d = -1;
-      if (c >= '0' && c <= '9') d = c - '0';
-      else if (base == 16 && c >= 'A' && c <= 'F') d = c - 'A' + 10;
+      if (c >= '0' && c <= '9')
+        d = c - '0';
+      else if (base == 16 && c >= 'A' && c <= 'F')
+        d = c - 'A' + 10;
       if (d < 0 || d >= base) break;
       v = v * base + d;
       if (v > 0xFFFFFFFFLL) break;
@@ -52,10 +54,16 @@ double Val(std::string_view text) {
   std::string num;
   if (i < s.size() && (s[i] == '+' || s[i] == '-')) num.push_back(s[i++]);
   bool digits = false;
-  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { num.push_back(s[i++]); digits = true; }
+  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+    num.push_back(s[i++]);
+    digits = true;
+  }
   if (i < s.size() && s[i] == '.') {
     num.push_back(s[i++]);
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { num.push_back(s[i++]); digits = true; }
+    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+      num.push_back(s[i++]);
+      digits = true;
+    }
   }
   if (!digits) return 0.0;
   if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
@@ -63,7 +71,10 @@ double Val(std::string_view text) {
     size_t j = i + 1;
     if (j < s.size() && (s[j] == '+' || s[j] == '-')) ex.push_back(s[j++]);
     bool exDigits = false;
-    while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) { ex.push_back(s[j++]); exDigits = true; }
+    while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) {
+      ex.push_back(s[j++]);
+      exDigits = true;
+    }
     if (exDigits) num += ex;
   }
   return std::strtod(num.c_str(), nullptr);
@@ -83,17 +94,26 @@ bool IsNumeric(std::string_view text) {
   size_t i = 0;
   if (s[i] == '+' || s[i] == '-') ++i;
   bool digits = false;
-  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { ++i; digits = true; }
+  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+    ++i;
+    digits = true;
+  }
   if (i < s.size() && s[i] == '.') {
     ++i;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { ++i; digits = true; }
+    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+      ++i;
+      digits = true;
+    }
   }
   if (!digits) return false;
   if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
     ++i;
     if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
     bool exDigits = false;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) { ++i; exDigits = true; }
+    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
+      ++i;
+      exDigits = true;
+    }
     if (!exDigits) return false;
   }
   return i == s.size();
@@ -107,8 +127,10 @@ std::string BoolText(bool b) { return b ? "True" : "False"; }
 std::string Str(double v) {
   std::string t = NumText(v);
   // Str drops the zero before the point: " .5", "-.5".
-  if (t.rfind("0.", 0) == 0) t.erase(0, 1);
-  else if (t.rfind("-0.", 0) == 0) t.erase(1, 1);
+  if (t.rfind("0.", 0) == 0)
+    t.erase(0, 1);
+  else if (t.rfind("-0.", 0) == 0)
+    t.erase(1, 1);
   if (v >= 0 || std::isnan(v)) t.insert(t.begin(), ' ');
   return t;
 }

@@ -33,14 +33,14 @@ constexpr int16_t K(char c) { return static_cast<int16_t>(c); }
 // Fields in profile order: up, up-right, right, down-right, down, down-left, left,
 // up-left, wait, pause, anti-virus, reboot, backup, restore, soft upgrade, dedicated line, link.
 const ControlProfile kBuiltInProfiles[4] = {
-    {"Number Pad (Default)", K('8'), K('9'), K('6'), K('3'), K('2'), K('1'), K('4'), K('7'),
-     K('0'), K('5'), K('a'), K('e'), K('b'), K('r'), K('s'), K('d'), K('+')},
-    {"Keyboard Left", K('e'), K('r'), K('f'), K('c'), K('x'), K('z'), K('s'), K('w'),
-     kTab, K('d'), K('1'), K('2'), K('3'), K('4'), K('5'), K('6'), kSpace},
-    {"Keyboard Right", K('o'), K('p'), K(';'), K('/'), K('.'), K(','), K('k'), K('i'),
-     kTab, K('l'), K('1'), K('2'), K('q'), K('w'), K('3'), K('e'), kEnter},
-    {"Old School (larn)", K('k'), K('u'), K('l'), K('n'), K('j'), K('b'), K('h'), K('y'),
-     K('/'), K('.'), K('6'), K('7'), K('8'), K('9'), K('0'), K('-'), K('p')},
+    {"Number Pad (Default)", K('8'), K('9'), K('6'), K('3'), K('2'), K('1'), K('4'), K('7'), K('0'), K('5'), K('a'),
+     K('e'), K('b'), K('r'), K('s'), K('d'), K('+')},
+    {"Keyboard Left", K('e'), K('r'), K('f'), K('c'), K('x'), K('z'), K('s'), K('w'), kTab, K('d'), K('1'), K('2'),
+     K('3'), K('4'), K('5'), K('6'), kSpace},
+    {"Keyboard Right", K('o'), K('p'), K(';'), K('/'), K('.'), K(','), K('k'), K('i'), kTab, K('l'), K('1'), K('2'),
+     K('q'), K('w'), K('3'), K('e'), kEnter},
+    {"Old School (larn)", K('k'), K('u'), K('l'), K('n'), K('j'), K('b'), K('h'), K('y'), K('/'), K('.'), K('6'),
+     K('7'), K('8'), K('9'), K('0'), K('-'), K('p')},
 };
 
 Options::Options() { ResetToGuest(); }

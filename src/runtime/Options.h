@@ -6,7 +6,6 @@
 
 namespace sw {
 
-
 // One named key map: one character code per command, 0 for no key.
 struct ControlProfile {
   std::string szName;
@@ -33,7 +32,7 @@ struct ControlProfile {
 
 // The seventeen commands, in profile order, with their field names.
 struct CommandField {
-  const char* name;               // "CPMoveUp"
+  const char* name;  // "CPMoveUp"
   int16_t ControlProfile::*field;
 };
 extern const CommandField kCommandFields[17];

@@ -1,9 +1,9 @@
 #include "runtime/Shell.h"
 
-#include "runtime/MainWindow.h"
 #include "runtime/GameState.h"
-#include "runtime/Options.h"
+#include "runtime/MainWindow.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
 #include "runtime/Trace.h"
 
@@ -40,8 +40,7 @@ bool Shell::Refused() {
   return true;
 }
 
-void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle,
-                    const std::string& szSound) {
+void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle, const std::string& szSound) {
   if (dbg.On()) {
     TraceRecord rec = Trace("ShowMsg").In("szTitle", szTitle).In("nButtons", nButtons);
     if (!szSound.empty()) rec.In("szSound", szSound);
@@ -71,8 +70,8 @@ void Shell::ReportError(const std::string& szProc, const RuntimeError& err) {
                        .Var("Err.Description", err.Description())
                        .Note("Run-time error trapped"));
   }
-  ShowMsg("Run-time error '" + NumText(int64_t{err.Number()}) + "':" + "\n" + err.Description(), 0,
-          "Error: " + szProc, "powerup2.mp3");
+  ShowMsg("Run-time error '" + NumText(int64_t{err.Number()}) + "':" + "\n" + err.Description(), 0, "Error: " + szProc,
+          "powerup2.mp3");
 }
 
 }  // namespace sw

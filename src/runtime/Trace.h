@@ -25,9 +25,7 @@ struct TraceRecord {
   std::array<Value, 3> vVarValue;
   std::string szComment;
 
-  TraceRecord& In(std::string name, Value value) {
-    return Fill(szInName, vInValue, std::move(name), std::move(value));
-  }
+  TraceRecord& In(std::string name, Value value) { return Fill(szInName, vInValue, std::move(name), std::move(value)); }
   TraceRecord& Var(std::string name, Value value) {
     return Fill(szVarName, vVarValue, std::move(name), std::move(value));
   }

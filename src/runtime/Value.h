@@ -24,7 +24,9 @@ class Value {
   std::string Text() const;
 
  private:
-  struct Single { float f; };
+  struct Single {
+    float f;
+  };
   std::variant<std::monostate, bool, int64_t, double, Single, std::string> v_;
 };
 

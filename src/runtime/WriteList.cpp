@@ -96,8 +96,7 @@ std::vector<ListItem> ListReader::ReadLine() {
 
 ListItem ListReader::ReadItem() {
   // Skip line ends and blanks ahead of the item.
-  while (pos_ < content_.size() &&
-         (IsLineEnd(content_[pos_]) || content_[pos_] == ' ' || content_[pos_] == '\t'))
+  while (pos_ < content_.size() && (IsLineEnd(content_[pos_]) || content_[pos_] == ' ' || content_[pos_] == '\t'))
     ++pos_;
   if (pos_ >= content_.size()) throw RuntimeError(errInputPastEnd);
   size_t end = pos_;

@@ -30,9 +30,9 @@ std::string WriteListLine(const std::vector<WriteItem>& items);
 
 // One item as read back.
 struct ListItem {
-  std::string text;     // the string without its quotes, or the bare text
-  bool quoted = false;  // it was written as a string
-  double Number() const;      // the leading-number value of the text
+  std::string text;       // the string without its quotes, or the bare text
+  bool quoted = false;    // it was written as a string
+  double Number() const;  // the leading-number value of the text
   bool IsNumeric() const;
 };
 

@@ -3,10 +3,10 @@
 #include "debuglog/DebugLog.h"
 #include "runtime/Difficulty.h"
 #include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 #include "scoring/HighScores.h"
 
 namespace sw {
@@ -57,8 +57,8 @@ void HighScoreDialog::Form_Load() {
 void HighScoreDialog::Redraw() {
   for (int16_t i = 1; i <= 10; ++i) {
     const WebmasterEntry& e = hs.Entry(nType, nDiff, i);
-    rows[static_cast<size_t>(i)] = Row{NumText(int64_t{i}), e.szName, NumText(int64_t{e.nSites}),
-                                       FormatThousands(static_cast<double>(e.lScore))};
+    rows[static_cast<size_t>(i)] =
+        Row{NumText(int64_t{i}), e.szName, NumText(int64_t{e.nSites}), FormatThousands(static_cast<double>(e.lScore))};
   }
 }
 

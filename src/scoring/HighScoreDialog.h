@@ -26,10 +26,10 @@ class HighScoreDialog {
   HighScoreDialog(Options& opts, DebugLog& dbg, Shell& shell, HighScores& hs, IMainWindow& frmMain);
 
   // ---- the controls' state
-  int16_t nType = 1;        // optType: 0 personal, 1 all time
-  int16_t nDiff = 2;        // optDiff: 1 easy .. 4 nightmare
-  std::array<Row, 11> rows; // 1 to 10
-  int16_t nFocus = kDone;   // which control has the focus
+  int16_t nType = 1;         // optType: 0 personal, 1 all time
+  int16_t nDiff = 2;         // optDiff: 1 easy .. 4 nightmare
+  std::array<Row, 11> rows;  // 1 to 10
+  int16_t nFocus = kDone;    // which control has the focus
   bool bShown = false;
 
   // At the end of a game: whether the score earns a place; if it does, the

@@ -4,10 +4,10 @@
 
 #include "debuglog/DebugLog.h"
 #include "runtime/GameState.h"
-#include "runtime/Shell.h"
 #include "runtime/Options.h"
-#include "scoring/Score.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
+#include "scoring/Score.h"
 
 namespace sw {
 

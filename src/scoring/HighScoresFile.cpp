@@ -3,17 +3,17 @@
 #include <new>
 
 #include "debuglog/DebugLog.h"
-#include "runtime/GameState.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
-#include "scoring/Score.h"
 #include "runtime/Checked.h"
 #include "runtime/Files.h"
+#include "runtime/GameState.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
 #include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
 #include "runtime/WriteList.h"
 #include "scoring/Cipher.h"
 #include "scoring/HighScores.h"
+#include "scoring/Score.h"
 
 namespace sw {
 
@@ -29,8 +29,8 @@ void FileFailed(DebugLog& dbg, Shell& shell, const std::string& szProc, const Ru
   const std::string number = NumText(int64_t{err.Number()});
   if (dbg.On())
     dbg.DebugWrite(Trace(szProc).Note("Failed to open high score file - Error #" + number + " - " + err.Description()));
-  shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), 0,
-                "Error: " + szProc, "powerup2.mp3");
+  shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), 0, "Error: " + szProc,
+                "powerup2.mp3");
 }
 
 }  // namespace

@@ -2,13 +2,13 @@
 #include "scoring/Score.h"
 
 #include "debuglog/DebugLog.h"
+#include "runtime/Checked.h"
 #include "runtime/Difficulty.h"
 #include "runtime/GameState.h"
 #include "runtime/MainWindow.h"
-#include "runtime/Shell.h"
-#include "runtime/Options.h"
-#include "runtime/Checked.h"
 #include "runtime/NumText.h"
+#include "runtime/Options.h"
+#include "runtime/Shell.h"
 
 namespace sw {
 
@@ -72,7 +72,9 @@ void Score::AddPoints(int16_t nEvent) {
     shell.ShowMsg("Invalid score event [" + NumText(int64_t{nEvent}) + "]", 0, "AddPoints Error", "");
   } else {
     switch (nEvent) {
-      case 1: case 3: case 4:
+      case 1:
+      case 3:
+      case 4:
         lBonus = glPoints[static_cast<size_t>(nEvent)];
         glScore = Add32(glScore, lBonus);
         break;

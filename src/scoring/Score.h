@@ -27,10 +27,10 @@ class Score {
   Score(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, IMainWindow& frmMain);
 
   int32_t glScore = 0;
-  std::array<int32_t, 9> glPoints{};           // events 1 to 8
-  std::array<int32_t, 9> glBasePoints{};       // events 1 to 8
-  std::array<int16_t, 5> glScoreMod{};         // difficulties 1 to 4
-  std::array<int32_t, 5> glExtraLifeBonus{};   // difficulties 1 to 4
+  std::array<int32_t, 9> glPoints{};          // events 1 to 8
+  std::array<int32_t, 9> glBasePoints{};      // events 1 to 8
+  std::array<int16_t, 5> glScoreMod{};        // difficulties 1 to 4
+  std::array<int32_t, 5> glExtraLifeBonus{};  // difficulties 1 to 4
   int32_t glNextExtraLife = 0;
   int16_t gnScoreMesgNum = 0;
   std::vector<ScoreMesg> gsmScoreMesg{ScoreMesg{}};  // 1 to gnScoreMesgNum; slot 0 unused

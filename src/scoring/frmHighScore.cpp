@@ -99,9 +99,8 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
     list->addWidget(txtName[i], i, 1);
     list->addWidget(lblSitesHit[i], i, 2);
     list->addWidget(lblScore[i], i, 3);
-    connect(txtName[i], &QLineEdit::textEdited, this, [this, i](const QString& t) {
-      model_.txtName_Change(static_cast<int16_t>(i), t.toStdString());
-    });
+    connect(txtName[i], &QLineEdit::textEdited, this,
+            [this, i](const QString& t) { model_.txtName_Change(static_cast<int16_t>(i), t.toStdString()); });
   }
   list->setColumnStretch(1, 1);
 
@@ -185,8 +184,7 @@ bool frmHighScore::eventFilter(QObject* watched, QEvent* e) {
       }
       break;
     }
-    default:
-      break;
+    default: break;
   }
   return QDialog::eventFilter(watched, e);
 }

@@ -21,7 +21,7 @@ class frmHighScore : public QDialog {
   std::array<QRadioButton*, 2> optType{};  // 0 personal, 1 all time
   std::array<QRadioButton*, 5> optDiff{};  // 1 to 4
   std::array<QLabel*, 11> lblSlotNum{}, lblSitesHit{}, lblScore{};
-  std::array<QLineEdit*, 11> txtName{};    // 1 to 10
+  std::array<QLineEdit*, 11> txtName{};  // 1 to 10
   QPushButton *cmdClearCur = nullptr, *cmdClearAll = nullptr, *cmdDone = nullptr;
 
   void done(int r) override;

@@ -4,6 +4,8 @@
 // "<monotonic clock ns> <process CPU ns> <frames painted> <user CPU ns> <page faults>" to file descriptor
 // FD once its first frame is on screen, and then ends. Header-only, Qt only,
 // so that the bare window the benchmark compares against carries the same probe.
+#include <sys/resource.h>
+#include <unistd.h>
 #include <QCoreApplication>
 #include <QEvent>
 #include <QTimer>
@@ -12,8 +14,6 @@
 #include <cstdio>
 #include <cstdlib>
 #include <ctime>
-#include <sys/resource.h>
-#include <unistd.h>
 
 namespace swui {
 

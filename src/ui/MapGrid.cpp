@@ -173,9 +173,7 @@ QColor MapGrid::BoardColor() const {
   return Mix(pal.color(QPalette::Base), pal.color(QPalette::Window), 0.35);
 }
 
-QColor MapGrid::LineColor() const {
-  return Mix(BoardColor(), palette().color(QPalette::Text), 0.12);
-}
+QColor MapGrid::LineColor() const { return Mix(BoardColor(), palette().color(QPalette::Text), 0.12); }
 
 void MapGrid::paintEvent(QPaintEvent* e) {
   QPainter p(this);
@@ -217,9 +215,9 @@ void MapGrid::PaintArea(QPainter& p, const QRect& dirty) {
       const sw::Picture pic = cells_[static_cast<size_t>(r) * static_cast<size_t>(cols_) + static_cast<size_t>(c)];
       if (pic == sw::Picture::None) continue;
       const QRect cell = CellRect(c, r);
-      p.drawPixmap(QPoint(cell.left() + (cell.width() - line - inner) / 2,
-                          cell.top() + (cell.height() - line - inner) / 2),
-                   pictures_.Pixmap(pic, inner, dpr));
+      p.drawPixmap(
+          QPoint(cell.left() + (cell.width() - line - inner) / 2, cell.top() + (cell.height() - line - inner) / 2),
+          pictures_.Pixmap(pic, inner, dpr));
     }
 }
 

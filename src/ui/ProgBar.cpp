@@ -62,9 +62,7 @@ void ProgBar::setBorderStyle(int16_t v) {
   update();
 }
 
-QRect ProgBar::InnerRect() const {
-  return borderStyle_ == 1 ? rect().adjusted(1, 1, -1, -1) : rect();
-}
+QRect ProgBar::InnerRect() const { return borderStyle_ == 1 ? rect().adjusted(1, 1, -1, -1) : rect(); }
 
 void ProgBar::paintEvent(QPaintEvent*) {
   QPainter painter(this);
@@ -98,9 +96,7 @@ void ProgBar::paintEvent(QPaintEvent*) {
   }
 }
 
-void ProgBar::mousePressEvent(QMouseEvent* e) {
-  pressed_ = e->button() == Qt::LeftButton;
-}
+void ProgBar::mousePressEvent(QMouseEvent* e) { pressed_ = e->button() == Qt::LeftButton; }
 
 void ProgBar::mouseReleaseEvent(QMouseEvent* e) {
   if (pressed_ && e->button() == Qt::LeftButton && rect().contains(e->position().toPoint())) emit clicked();

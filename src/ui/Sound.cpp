@@ -73,7 +73,8 @@ void Sound::Open() {
   Close();
   const std::string path = Resolve(fileName_);
   if (path.empty()) return;
-  if (player_ == nullptr) player_ = std::make_unique<SoundPlayer>(output_ != nullptr ? std::move(output_) : MakeAlsaOutput());
+  if (player_ == nullptr)
+    player_ = std::make_unique<SoundPlayer>(output_ != nullptr ? std::move(output_) : MakeAlsaOutput());
   clip_ = player_->Load(path);
 }
 

@@ -12,9 +12,9 @@ namespace swui {
 
 namespace {
 
-constexpr size_t kChunkFrames = 1024;  // about 23 ms at 44.1 kHz: how quickly a new sound cuts in
-constexpr int kStallMs = 1000;         // a device that takes nothing for this long has failed
-constexpr int kTailWaits = 3;          // a tail that does not shrink after this many waits is dropped
+constexpr size_t kChunkFrames = 1024;                  // about 23 ms at 44.1 kHz: how quickly a new sound cuts in
+constexpr int kStallMs = 1000;                         // a device that takes nothing for this long has failed
+constexpr int kTailWaits = 3;                          // a tail that does not shrink after this many waits is dropped
 constexpr off_t kMaxReservedFrames = 10 * 60 * 48000;  // a longer clip is decoded without counting it first
 
 // ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
@@ -37,7 +37,7 @@ class AlsaOutput : public SoundOutput {
       return false;
     }
     if (a_->snd_pcm_set_params(pcm_, SND_PCM_FORMAT_S16, SND_PCM_ACCESS_RW_INTERLEAVED, static_cast<unsigned>(channels),
-                           static_cast<unsigned>(rate), 1, 100000) < 0) {
+                               static_cast<unsigned>(rate), 1, 100000) < 0) {
       Close();
       return false;
     }
@@ -97,8 +97,8 @@ std::shared_ptr<const Clip> DecodeMp3(const std::string& path) {
   mpg123_handle* h = m->mpg123_new(nullptr, nullptr);
   if (h == nullptr) return nullptr;
   auto clip = std::make_shared<Clip>();
-  bool ok = m->mpg123_param2(h, MPG123_ADD_FLAGS, MPG123_QUIET, 0) == MPG123_OK &&
-            m->mpg123_format_none(h) == MPG123_OK;
+  bool ok =
+      m->mpg123_param2(h, MPG123_ADD_FLAGS, MPG123_QUIET, 0) == MPG123_OK && m->mpg123_format_none(h) == MPG123_OK;
   // Whatever rate the file has, as 16-bit samples.
   for (long rate : {8000L, 11025L, 12000L, 16000L, 22050L, 24000L, 32000L, 44100L, 48000L})
     ok = ok && m->mpg123_format(h, rate, MPG123_MONO | MPG123_STEREO, MPG123_ENC_SIGNED_16) == MPG123_OK;
@@ -215,8 +215,10 @@ void SoundPlayer::Run() {
         cut = cv_.wait_for(lock, tail, [&] { return generation_ != generation; });
         lock.unlock();
       }
-      if (cut || stalled) output_->Drop();
-      else output_->Drain();
+      if (cut || stalled)
+        output_->Drop();
+      else
+        output_->Drain();
       output_->Close();
     }
     lock.lock();

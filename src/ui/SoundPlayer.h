@@ -71,7 +71,7 @@ class SoundPlayer {
   mutable std::mutex m_;
   std::condition_variable cv_;
   std::shared_ptr<const Clip> next_;  // waiting to start
-  uint64_t generation_ = 0;          // bumped by Play and Stop: the clip playing is cut off
+  uint64_t generation_ = 0;           // bumped by Play and Stop: the clip playing is cut off
   bool playing_ = false;
   bool quit_ = false;
   long wakeups_ = 0;

@@ -13,8 +13,8 @@
 #include <optional>
 #include <vector>
 
-#include "runtime/MainWindow.h"
 #include "Skitterweb.h"
+#include "runtime/MainWindow.h"
 #include "ui/MapGrid.h"
 #include "ui/Sound.h"
 #include "ui/Twips.h"
@@ -115,8 +115,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
          *shpDedLine = nullptr;
 
   // ---- menus
-  QMenu *menGame = nullptr, *menOptions = nullptr, *menDiff = nullptr, *menPowerUps = nullptr,
-        *menStartSite = nullptr, *menMapSize = nullptr, *menDebug = nullptr, *menHelp = nullptr;
+  QMenu *menGame = nullptr, *menOptions = nullptr, *menDiff = nullptr, *menPowerUps = nullptr, *menStartSite = nullptr,
+        *menMapSize = nullptr, *menDebug = nullptr, *menHelp = nullptr;
   QAction *menNewGame = nullptr, *menChangePlayer = nullptr, *menHighScores = nullptr, *menQuit = nullptr;
   QAction *menSound = nullptr, *menGrid = nullptr, *menControls = nullptr, *menDownServers = nullptr,
           *menSafeMode = nullptr;

@@ -1,11 +1,11 @@
 // The main window's information bar and menu bar: the controls, their
 // captions and tooltips, and where each menu click goes.
+#include <QEvent>
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QEvent>
 #include <QPainter>
 
 #include "ui/Accessible.h"
@@ -79,8 +79,7 @@ class StatusLight : public QFrame {
 
 }  // namespace
 
-QLabel* frmMain::MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip,
-                           bool tile) {
+QLabel* frmMain::MakeLabel(QWidget* parent, const char* name, const char* caption, const char* tooltip, bool tile) {
   QLabel* l = tile ? new ValueLabel(parent) : new QLabel(parent);
   l->setObjectName(name);
   l->setTextFormat(Qt::PlainText);
@@ -151,7 +150,8 @@ void frmMain::BuildInfoBar() {
   lblHighScore = value("lblHighScore", "999,999,999", "The all time high score for the current difficulty level",
                        Label::lblHighScore, lblHighScoreT);
   lblReconnectsT = caption("lblReconnectsT", "Reconnects:", nullptr);
-  lblReconnects = value("lblReconnects", "9999", "Number of remaining reconnects", Label::lblReconnects, lblReconnectsT);
+  lblReconnects =
+      value("lblReconnects", "9999", "Number of remaining reconnects", Label::lblReconnects, lblReconnectsT);
   lbSitesHitT = caption("lbSitesHitT", "Sites Hit:", nullptr);
   lblSitesHit = value("lblSitesHit", "9999", "Number of sites already hit", Label::lblSitesHit, lbSitesHitT);
   lblVirusT = caption("lblVirusT", "Viruses:", nullptr);
@@ -164,7 +164,8 @@ void frmMain::BuildInfoBar() {
   lblNetLag->setAlignment(Qt::AlignCenter);
   SetLabelColors(Label::lblNetLag, sw::color::Silver, sw::color::Black);
   lblPUTimerT = caption("lblPUTimerT", "Download Time:", nullptr);
-  lblPUTimer = value("lblPUTimer", "9999", "Remaining power-up download time (in turns)", Label::lblPUTimer, lblPUTimerT);
+  lblPUTimer =
+      value("lblPUTimer", "9999", "Remaining power-up download time (in turns)", Label::lblPUTimer, lblPUTimerT);
 
   pbrNetLag = new ProgBar(pctInfoBar);
   pbrNetLag->setObjectName("pbrNetLag");
@@ -245,10 +246,10 @@ void frmMain::BuildInfoBar() {
 
   const auto [pu, puRow] = row(75);
   const std::pair<QFrame*, QLabel*> powerUps[] = {{shpAntiVirus, lblAntiVirusT},
-                                                   {shpBackup, lblBackupT},
-                                                   {shpReboot, lblRebootT},
-                                                   {shpSoftUpgrade, lblSoftUpgradeT},
-                                                   {shpDedLine, lblDedLine}};
+                                                  {shpBackup, lblBackupT},
+                                                  {shpReboot, lblRebootT},
+                                                  {shpSoftUpgrade, lblSoftUpgradeT},
+                                                  {shpDedLine, lblDedLine}};
   bool first = true;
   for (const auto& [shp, lbl] : powerUps) {
     if (!first) puRow->addStretch(1);
@@ -272,7 +273,8 @@ void frmMain::BuildInfoBar() {
 void frmMain::BuildMenus() {
   QMenuBar* bar = menuBar();
   auto menu = [&](QMenu* parent, const char* name, const char* caption) {
-    QMenu* m = parent != nullptr ? parent->addMenu(QString::fromUtf8(caption)) : bar->addMenu(QString::fromUtf8(caption));
+    QMenu* m =
+        parent != nullptr ? parent->addMenu(QString::fromUtf8(caption)) : bar->addMenu(QString::fromUtf8(caption));
     m->setObjectName(name);
     m->menuAction()->setObjectName(name);
     return m;

@@ -26,13 +26,17 @@ QCursor MakeCustomPointer(qreal dpr) {
 }  // namespace
 
 void frmMain::SetSoundFileName(const std::string& fileName) {
-  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
-  else mmcSound.SetFileName(fileName);
+  if (starting_ && !isVisible())
+    afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
+  else
+    mmcSound.SetFileName(fileName);
 }
 
 void frmMain::SoundCommand(const std::string& command) {
-  if (starting_ && !isVisible()) afterFirstFrame_.push_back([this, command] { mmcSound.Command(command); });
-  else mmcSound.Command(command);
+  if (starting_ && !isVisible())
+    afterFirstFrame_.push_back([this, command] { mmcSound.Command(command); });
+  else
+    mmcSound.Command(command);
 }
 
 void frmMain::SetPointer(Pointer p) {
@@ -44,12 +48,8 @@ void frmMain::SetPointer(Pointer p) {
       if (!customPointer_) customPointer_ = MakeCustomPointer(devicePixelRatioF());
       setCursor(*customPointer_);
       break;
-    case Pointer::Hourglass:
-      setCursor(Qt::WaitCursor);
-      break;
-    case Pointer::Arrow:
-      setCursor(Qt::ArrowCursor);
-      break;
+    case Pointer::Hourglass: setCursor(Qt::WaitCursor); break;
+    case Pointer::Arrow: setCursor(Qt::ArrowCursor); break;
   }
 }
 
@@ -90,7 +90,6 @@ QIcon frmMain::AppIcon() {
   }
   return icon;
 }
-
 
 void frmMain::Sleep(int32_t ms) {
   if (starting_ && !isVisible()) {

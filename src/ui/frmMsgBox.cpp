@@ -64,9 +64,7 @@ frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t
       l.nButtons = 2;
       minWidth = 2950;
       break;
-    default:
-      l.nButtons = 0;
-      break;
+    default: l.nButtons = 0; break;
   }
   l.height = H + 195 + 240 + 375 + 455;
   l.width = std::max(W + 120 + 240, minWidth);
@@ -84,8 +82,7 @@ frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t
 frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                          Qt::MSWindowsFixedSizeDialogHint),
-      tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}),
-      ownerWidth_(ownerWidth) {
+      tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}), ownerWidth_(ownerWidth) {
   InstallAccessibility();
   setObjectName("frmMsgBox");
   setModal(true);
@@ -147,9 +144,7 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
 
   QPushButton* shown[2] = {nullptr, nullptr};
   switch (nButtons) {
-    case 0:
-      shown[0] = cmdOK;
-      break;
+    case 0: shown[0] = cmdOK; break;
     case 1:
       shown[0] = cmdOK;
       shown[1] = cmdCancel;
@@ -158,8 +153,7 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
       shown[0] = cmdYes;
       shown[1] = cmdNo;
       break;
-    default:
-      break;
+    default: break;
   }
   // The first button is the default; the last one shown answers Esc.
   defaultButton_ = shown[0];
@@ -196,8 +190,7 @@ bool frmMsgBox::event(QEvent* e) {
         if (!real.isNull() && real != frame_) FitFrame(real);
       }
       break;
-    default:
-      break;
+    default: break;
   }
   return handled;
 }

@@ -1,8 +1,8 @@
+#include <malloc.h>
 #include <QApplication>
 #include <QLabel>
 #include <QThread>
 #include <QTimer>
-#include <malloc.h>
 
 #include <csignal>
 #include <cstdio>

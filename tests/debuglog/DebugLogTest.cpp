@@ -22,14 +22,20 @@ std::string AfterHeader(const std::string& log) { return log.substr(log.find(kBa
 
 TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSetAndBuiltRecordsTakeTheNextFreeSlot) {
   const std::pair<TraceRecord, std::string> cases[] = {
-      {{.szProc = "P"}, "{{ P }}\r\n"}, {Trace("P").Begin(false).In("x", "y"), "{{ P }} (input) x=y\r\n"},
+      {{.szProc = "P"}, "{{ P }}\r\n"},
+      {Trace("P").Begin(false).In("x", "y"), "{{ P }} (input) x=y\r\n"},
       // A value without a name is a free slot.
       {{.szProc = "P", .bBegin = true, .szInName = {"", "second", ""}, .vInValue = {"ignored", int16_t{2}, Value()}},
        "{{ P }} [BEGIN] (input) second=2\r\n"},
       {{.szProc = "F", .szReturnName = "x", .szVarName = {"", "", "szName"}, .vVarValue = {Value(), Value(), ""}},
        "{{ F }} (return) x= (variables) szName=\r\n"},
-      {Trace("frmMain.menQuit_Click").In("a", true).Ret("r", int32_t{-7}).Var("gnLag & gnColorLag", "3 1")
-           .In("c", 2.5).Var("b", false).Note("note"),
+      {Trace("frmMain.menQuit_Click")
+           .In("a", true)
+           .Ret("r", int32_t{-7})
+           .Var("gnLag & gnColorLag", "3 1")
+           .In("c", 2.5)
+           .Var("b", false)
+           .Note("note"),
        "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
        "b=False\r\n     --> note\r\n"},
       // A slot left free by hand is the next one taken; a fourth name has no slot.
@@ -56,7 +62,11 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   EXPECT_TRUE(log.starts_with(kBars + "| SKITTERWEB\r\n| version: " SKITTERWEB_VERSION "\r\n| ") &&
               std::count(log.begin(), log.end() - static_cast<ptrdiff_t>(body.size()), '\n') == 5);
   const std::string line = "{{ PlaySound }} (input) szFileName=comp-dead.mp3\r\n";
-  const std::string hashes = [] { std::string h; for (int i = 0; i < 45; ++i) h += "#-"; return h; }();
+  const std::string hashes = [] {
+    std::string h;
+    for (int i = 0; i < 45; ++i) h += "#-";
+    return h;
+  }();
   const std::string expected = line + kStars + line + "\r\n" + hashes + "\r\n" + hashes.substr(1) + "#\r\n" + line +
                                "     --> c" + '\0' + "d\r\nDUMP\r\n" + kBars + kStars + kStars + kStars +
                                "Games played=0\r\nExit Program - ";
@@ -87,7 +97,8 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
     a.w.checked[Menu::menUseDL] = true;
     a.sw.session.DebugOpen(!quiet, quiet);
     EXPECT_TRUE(!dbg.IsOpen() && !a.sw.opts.Current().bDebug && !a.w.checked[Menu::menUseDL] &&
-                a.w.messages.size() == (quiet ? 3u : 4u)) << quiet;
+                a.w.messages.size() == (quiet ? 3u : 4u))
+        << quiet;
   }
   EXPECT_EQ(Shown(a.w).at(3) + "|" + LastSound(a.w),
             "Error: DebugOpen: Failed to open debug log\nPlease check file I/O accessability|.\\sounds\\powerup2.mp3");
@@ -108,22 +119,23 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   // Whole lines: a bound key and an unbound one (the entry line and the comment, nothing more), a move, a new
   // layout, crashes in one call (which share one start mark), the fiftieth game.
   for (const std::string& l : std::vector<std::string>{
-           "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]",
-        "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
-        "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1\r\n"
-        "     --> gnPlayerDir=8",
-        "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]\r\n{{ frmMain.Form_KeyPress }}\r\n"
-        "     --> Invalid key pressed",
-        "{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",
-        "{{ ResetObjects }} (variables) gctPlayerPos=-1,-1 gnLag & gnColorLag=0/Blue",
-        "{{ CheckVirusCrash }} [BEGIN] (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=1 "
-        "gnInfectedPos(1)=9,4" + many,
-        "{{ CheckVirusCrash }} (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=2 "
-        "gnInfectedPos(2)=9,4" + many,
-        "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
-        "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15",
-        kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
-                 "     --> score is also reset to 0.  gnGameNum=50"})
+           "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]", "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
+           "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1\r\n"
+           "     --> gnPlayerDir=8",
+           "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]\r\n{{ frmMain.Form_KeyPress }}\r\n"
+           "     --> Invalid key pressed",
+           "{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",
+           "{{ ResetObjects }} (variables) gctPlayerPos=-1,-1 gnLag & gnColorLag=0/Blue",
+           "{{ CheckVirusCrash }} [BEGIN] (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=1 "
+           "gnInfectedPos(1)=9,4" +
+               many,
+           "{{ CheckVirusCrash }} (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=2 "
+           "gnInfectedPos(2)=9,4" +
+               many,
+           "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
+           "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15",
+           kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
+                    "     --> score is also reset to 0.  gnGameNum=50"})
     EXPECT_NE(log.find("\n" + l + "\r\n"), std::string::npos) << l;
   // The viruses placed: seven, in one list.
   std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";

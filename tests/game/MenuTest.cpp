@@ -9,8 +9,9 @@ namespace sw::test {
 
 namespace {
 
-const char* const kNewGame = "Start New Game: Starting a new game will end the game in progress.\n"
-                             "Do you want to end the current game?";
+const char* const kNewGame =
+    "Start New Game: Starting a new game will end the game in progress.\n"
+    "Do you want to end the current game?";
 
 // The player's answers to the coming message boxes, and what the boxes said.
 std::vector<std::string> Answered(Board& b, std::initializer_list<int16_t> answers, const std::function<void()>& f) {
@@ -26,18 +27,25 @@ std::vector<std::string> Answered(Board& b, std::initializer_list<int16_t> answe
 // for the next one), Yes goes ahead.
 TEST(MenuTest, CommandsThatEndTheGameAskFirst) {
   TempDir dir;
-  const struct { std::function<void(MainMenu&)> click; const char* ask; Ints no, yes; } cases[] = {
+  const struct {
+    std::function<void(MainMenu&)> click;
+    const char* ask;
+    Ints no, yes;
+  } cases[] = {
       {[](MainMenu& m) { m.menNewGame_Click(); }, kNewGame, {2, 0, 1, 0, 0}, {2, 0, 2, 0, 0}},
       {[](MainMenu& m) { m.menDiffLevel_Click(3); },
        "Change Game Difficulty: Changing the game difficulty to hard will start a new game.\n"
        "Are you sure you want to loose your game in progress?",
-       {2, 0, 1, 0, 0}, {3, 0, 2, 0, 0}},
+       {2, 0, 1, 0, 0},
+       {3, 0, 2, 0, 0}},
       {[](MainMenu& m) { m.menStartSiteNum_Click(4); },
        "Change Starting Site Number: Would you like to abandon your current game and start a new one with 4 sites "
        "already hit?",
-       {2, 4, 1, 0, 0}, {2, 4, 2, 4, 0}},
+       {2, 4, 1, 0, 0},
+       {2, 4, 2, 4, 0}},
       {[](MainMenu& m) { m.menQuit_Click(); },
-       "Quit Skitterweb: Are you sure you want to quit and loose your game in progress?", {2, 0, 1, 0, 0},
+       "Quit Skitterweb: Are you sure you want to quit and loose your game in progress?",
+       {2, 0, 1, 0, 0},
        {2, 0, 1, 0, 1}},
   };
   for (const auto& c : cases) {
@@ -45,9 +53,9 @@ TEST(MenuTest, CommandsThatEndTheGameAskFirst) {
       SCOPED_TRACE(std::string(c.ask) + (answer == 6 ? " Yes" : " No"));
       Board b;
       EXPECT_EQ(Answered(b, {answer}, [&] { c.click(b.sw.menu); }), std::vector<std::string>{c.ask});
-      EXPECT_EQ(Ints({b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit,
-                      b.w.ended}),
-                answer == 6 ? c.yes : c.no);
+      EXPECT_EQ(
+          Ints({b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit, b.w.ended}),
+          answer == 6 ? c.yes : c.no);
     }
   }
 }
@@ -78,13 +86,13 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
   MainMenu& m = b.sw.menu;
   m.menUseDL_Click();
   b.w.answers = {6};
-  m.menUseDL_Click();  // off, the log kept
+  m.menUseDL_Click();                        // off, the log kept
   EXPECT_EQ(b.sw.opts.Current().bDebug, 0);  // and off in the options saved
 
   // Start-up applies the file's settings through the same commands, asking and playing nothing.
   Spit(Options::kFileName,
-            "\"Version\",\"1.14\"\r\n\"LastOption\",\" 1\"\r\n\"OptionNum\",1\r\n\"UserName\",\"Ann\"\r\n"
-            "\"Diff\",3\r\n\"Grid\",0\r\n\"Sound\",0\r\n\"StartSite\",2\r\n");
+       "\"Version\",\"1.14\"\r\n\"LastOption\",\" 1\"\r\n\"OptionNum\",1\r\n\"UserName\",\"Ann\"\r\n"
+       "\"Diff\",3\r\n\"Grid\",0\r\n\"Sound\",0\r\n\"StartSite\",2\r\n");
   App a;
   a.sw.menu.Form_Load();
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadHighScoresError: Failed to open high score file\n"

@@ -37,7 +37,11 @@ void ExpectEverythingRefused(Board& b) {
 }  // namespace
 
 TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
-  const struct { const char* name; int16_t nDiff; std::function<void(Board&)> start; } cases[] = {
+  const struct {
+    const char* name;
+    int16_t nDiff;
+    std::function<void(Board&)> start;
+  } cases[] = {
       {"a move on nightmare", 4, [](Board& b) { b.Key('8'); }},
       {"a wait", 2, [](Board& b) { b.Key('0'); }},
       {"a link on hard", 3, [](Board& b) { b.Key('+'); }},
@@ -48,7 +52,11 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
          b.Key('4');
        }},
       {"a new game", 2, [](Board& b) { b.eng.StartGame(); }},  // its start sound
-      {"the goodbye", 2, [](Board& b) { b.g.gbGameOn = 0; b.sw.menu.menQuit_Click(); }},  // nothing to ask
+      {"the goodbye", 2,
+       [](Board& b) {
+         b.g.gbGameOn = 0;
+         b.sw.menu.menQuit_Click();
+       }},  // nothing to ask
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);

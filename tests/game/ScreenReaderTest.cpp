@@ -18,8 +18,15 @@ static bool Like(const char* t, const char* p) {
 // One key, one sentence of news, or none when the board did not change.
 TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
   // The answers are to the boxes the turn shows; the news is a pattern (# a number, * anything), "" for silence.
-  const struct { const char* name; CoordPair mouse; Cells viruses; char key; int16_t reconnects;
-                 std::deque<int16_t> answers; const char* news; } cases[] = {
+  const struct {
+    const char* name;
+    CoordPair mouse;
+    Cells viruses;
+    char key;
+    int16_t reconnects;
+    std::deque<int16_t> answers;
+    const char* news;
+  } cases[] = {
       {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
       {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash. 1 virus, nearest 7 down 14 right."},
       {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
@@ -36,7 +43,9 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
     b.w.answers = c.answers;
     b.sw.news.Form_KeyPress(c.key);
     ASSERT_EQ(b.w.announced.size(), *c.news ? 1u : 0u);
-    if (*c.news) { EXPECT_TRUE(Like(b.w.announced[0].c_str(), c.news)) << b.w.announced[0]; }
+    if (*c.news) {
+      EXPECT_TRUE(Like(b.w.announced[0].c_str(), c.news)) << b.w.announced[0];
+    }
   }
 }
 

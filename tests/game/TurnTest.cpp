@@ -35,14 +35,18 @@ TEST(StartTest, NewGameResetsTheCountersAndLaysOutTheFirstSite) {
 TEST(CommandsTest, EachKeyAndWhatItCosts) {
   // A turn is a virus step and a lag step. Off the map counts a move but takes no turn; the
   // power-ups take only the lag step; backup, the dedicated line and unbound keys do nothing.
-  const struct { char key; CoordPair from, to; int16_t dir, moves, lag; bool turn; } cases[] = {
-      {'8', At(5, 5), At(5, 4), 8, 1, 1, true},  {'9', At(5, 5), At(6, 4), 9, 1, 1, true},
-      {'6', At(5, 5), At(6, 5), 6, 1, 1, true},  {'3', At(5, 5), At(6, 6), 3, 1, 1, true},
-      {'2', At(5, 5), At(5, 6), 2, 1, 1, true},  {'1', At(5, 5), At(4, 6), 1, 1, 1, true},
-      {'4', At(5, 5), At(4, 5), 4, 1, 1, true},  {'7', At(5, 5), At(4, 4), 7, 1, 1, true},
-      {'4', At(0, 5), At(0, 5), 4, 1, 2, false}, {'5', At(5, 5), At(5, 5), 5, 0, 1, true},
-      {'a', At(5, 5), At(5, 5), 2, 0, 1, false}, {'s', At(5, 5), At(5, 5), 2, 0, 1, false},
-      {'b', At(5, 5), At(5, 5), 2, 0, 2, false}, {'z', At(5, 5), At(5, 5), 2, 0, 2, false}};
+  const struct {
+    char key;
+    CoordPair from, to;
+    int16_t dir, moves, lag;
+    bool turn;
+  } cases[] = {{'8', At(5, 5), At(5, 4), 8, 1, 1, true},  {'9', At(5, 5), At(6, 4), 9, 1, 1, true},
+               {'6', At(5, 5), At(6, 5), 6, 1, 1, true},  {'3', At(5, 5), At(6, 6), 3, 1, 1, true},
+               {'2', At(5, 5), At(5, 6), 2, 1, 1, true},  {'1', At(5, 5), At(4, 6), 1, 1, 1, true},
+               {'4', At(5, 5), At(4, 5), 4, 1, 1, true},  {'7', At(5, 5), At(4, 4), 7, 1, 1, true},
+               {'4', At(0, 5), At(0, 5), 4, 1, 2, false}, {'5', At(5, 5), At(5, 5), 5, 0, 1, true},
+               {'a', At(5, 5), At(5, 5), 2, 0, 1, false}, {'s', At(5, 5), At(5, 5), 2, 0, 1, false},
+               {'b', At(5, 5), At(5, 5), 2, 0, 2, false}, {'z', At(5, 5), At(5, 5), 2, 0, 2, false}};
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(1, c.key) + " from " + c.from.Text());
     Board b(2, c.from, {kFar});
@@ -79,10 +83,16 @@ TEST(CommandsTest, LinkNeverLandsWithinOneCellOfItsStart) {
 
 TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
   // A link costs four turns from blue, five from yellow; from red it falls into the timeout.
-  const struct { int16_t lag; uint32_t bar; Ints after; uint32_t back, fore; const char* text; int value; } links[] = {
-      {2, color::Blue, {6, 4, 2}, color::Yellow, color::Black, "4", 6},
-      {6, color::Yellow, {11, 5, 3}, color::Red, color::White, "5", 11},
-      {8, color::Red, {14, -1, 4}, color::Black, color::White, "X", 13}};  // shown full
+  const struct {
+    int16_t lag;
+    uint32_t bar;
+    Ints after;
+    uint32_t back, fore;
+    const char* text;
+    int value;
+  } links[] = {{2, color::Blue, {6, 4, 2}, color::Yellow, color::Black, "4", 6},
+               {6, color::Yellow, {11, 5, 3}, color::Red, color::White, "5", 11},
+               {8, color::Red, {14, -1, 4}, color::Black, color::White, "X", 13}};  // shown full
   for (const auto& l : links) {
     SCOPED_TRACE(l.lag);
     Board b(2, At(10, 6), {kFar});
@@ -111,9 +121,12 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
             std::make_tuple(color::Blue, 0, std::string("0")));
   EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(color::Silver, color::Black));
   // Falling: the tier mark stays at its highest; at 0 nothing changes, not even the colours.
-  const struct { Ints lag; uint32_t color; } falls[] = {
-      {{7, 1, 3}, color::Red},    {{6, 4, 3}, color::Yellow}, {{5, 3, 3}, color::Yellow}, {{4, 2, 3}, color::Yellow},
-      {{3, 1, 3}, color::Yellow}, {{2, 2, 3}, color::Blue},   {{1, 1, 3}, color::Blue},   {{0, 0, 3}, color::Blue}};
+  const struct {
+    Ints lag;
+    uint32_t color;
+  } falls[] = {{{7, 1, 3}, color::Red},    {{6, 4, 3}, color::Yellow}, {{5, 3, 3}, color::Yellow},
+               {{4, 2, 3}, color::Yellow}, {{3, 1, 3}, color::Yellow}, {{2, 2, 3}, color::Blue},
+               {{1, 1, 3}, color::Blue},   {{0, 0, 3}, color::Blue}};
   b.g.gnLag = 8;
   for (const auto& f : falls) {
     b.eng.LagDown();

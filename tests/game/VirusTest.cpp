@@ -13,9 +13,16 @@ const std::string kAgain = "Life program re-initialized. You now have 1 reconnec
 // Each virus takes a king's step straight at the mouse. All that step onto one cell crash: two leave an infected
 // server there and score; a third dies on it. (A fourth crashing anew: the game trace's test.)
 TEST(VirusTest, ChaseAndCrashesThatLeaveInfectedServers) {
-  const struct { CoordPair mouse; Cells viruses, infected, after; int servers; } cases[] = {
-      {At(12, 7), {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)}, {},
-       {At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)}, 0},
+  const struct {
+    CoordPair mouse;
+    Cells viruses, infected, after;
+    int servers;
+  } cases[] = {
+      {At(12, 7),
+       {At(2, 2), At(12, 1), At(22, 1), At(2, 7), At(22, 7), At(2, 12), At(12, 12), At(22, 12)},
+       {},
+       {At(3, 3), At(12, 2), At(21, 2), At(3, 7), At(21, 7), At(3, 11), At(12, 11), At(21, 11)},
+       0},
       {At(12, 5), {At(8, 4), At(8, 6), kFar}, {}, {At(22, 12)}, 1},
       {At(12, 5), {At(8, 5), At(8, 5), At(8, 5), kFar}, {}, {At(22, 12)}, 1},
   };
@@ -33,10 +40,16 @@ TEST(VirusTest, ChaseAndCrashesThatLeaveInfectedServers) {
 
 TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
   const Cells all = Board().AllCellsAwayFrom(At(5, 5));
-  const struct { Cells viruses, infected; char key; const char* text; } causes[] = {
+  const struct {
+    Cells viruses, infected;
+    char key;
+    const char* text;
+  } causes[] = {
       {{At(5, 4)}, {}, '8', "Poor little suicidal mouse! Lucky, lucky virus!"},
       // Two viruses reaching the mouse kill it rather than crash.
-      {{At(6, 6), At(4, 4), kFar}, {}, '5',
+      {{At(6, 6), At(4, 4), kFar},
+       {},
+       '5',
        "You have been infected by an skitterweb! Attempting to restore soul from backup."},
       {{At(5, 4)}, {At(5, 4)}, '8', "Walked right into that one, didn't you?"},  // a cell with both is infected
       {all, {}, '+', "That was a trapped link set up by those nasty viruses!  You are dead!"},
@@ -48,12 +61,14 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     SCOPED_TRACE(c.text);
     Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnSitesHit = 3;
-    if (c.key) b.Key(c.key);
-    else b.eng.PlayerDead(9);
+    if (c.key)
+      b.Key(c.key);
+    else
+      b.eng.PlayerDead(9);
     EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
     // A reconnect spent, and the same site laid out again.
-    EXPECT_EQ(Ints({b.w.messages.at(0).nButtons, b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive,
-                    b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
+    EXPECT_EQ(Ints({b.w.messages.at(0).nButtons, b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive, b.g.gnInfectedCount,
+                    b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
               Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
     EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
@@ -71,8 +86,9 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
     b.Key('8');
     const std::vector<std::string> shown = Shown(b.w);
     ASSERT_EQ(shown.size(), 3u);
-    EXPECT_EQ(shown[0] + shown[2], "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
-                                   "irretrievable! Game Over!Play again?: Would you like to play another game?");
+    EXPECT_EQ(shown[0] + shown[2],
+              "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
+              "irretrievable! Game Over!Play again?: Would you like to play another game?");
     EXPECT_EQ(b.w.messages.at(2).nButtons, 4);
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
     EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn, b.g.gnReconnects, b.Caption(Label::lblReconnects)),
@@ -104,7 +120,7 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflows
   h.sc.glNextExtraLife = 10;  // every score call finds the threshold passed
   h.Key('5');
   EXPECT_EQ(h.w.Titles(), (std::vector<std::string>{"Error: KillVirus", "Error: KillVirus", "Bonus Points",
-                                                     "Error: NewSite", "Site Hit"}));
+                                                    "Error: NewSite", "Site Hit"}));
   for (size_t i : {0u, 1u, 3u}) EXPECT_NE(h.w.messages.at(i).text.find("Overflow"), std::string::npos);
   EXPECT_EQ(h.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
 }
@@ -117,8 +133,12 @@ TEST(VirusTest, NightmareMovesTheVirusesTwice) {
   EXPECT_EQ(b.g.gnLag, 1);  // one step before the second phase, one at the end of the turn
   // After a link only the link's pause (as on hard), then one phase; a second phase after a first that brings
   // a virus next to the mouse; none after one that kills.
-  const struct { Cells viruses; char key; std::vector<int32_t> sleeps; size_t deaths; } cases[] = {
-      {{kFar}, '+', {325}, 0}, {{At(7, 5)}, '5', {300}, 1}, {{At(6, 5), kFar}, '5', {}, 1}};
+  const struct {
+    Cells viruses;
+    char key;
+    std::vector<int32_t> sleeps;
+    size_t deaths;
+  } cases[] = {{{kFar}, '+', {325}, 0}, {{At(7, 5)}, '5', {300}, 1}, {{At(6, 5), kFar}, '5', {}, 1}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.viruses[0].Text());
     b.Set(At(5, 5), c.viruses);

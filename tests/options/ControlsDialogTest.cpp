@@ -56,7 +56,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
     c.d.cmbKey_Change(kWait, "", 4);  // "Tab", its last
     c.d.cmbKey_Change(kLink, " ");    // a blank is the Space item (stored as 32, below)
-    c.d.cmbKey_Change(kUp, "");  // an empty text is left alone, and leaving puts the key back
+    c.d.cmbKey_Change(kUp, "");       // an empty text is left alone, and leaving puts the key back
     c.d.cmbKey[kUp].text.clear();
     c.d.cmbKey_LostFocus(kUp);
     EXPECT_EQ(c.d.cmbKey[kUp].text, "2");
@@ -76,10 +76,10 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
     c.d.cmbKey_Change(kUp, "w");
     c.names = {"keyboard left", "Arrows"};
     c.d.cmdSaveProfile_Click();
-    EXPECT_EQ(Shown(c.w).at(0), "Invalid Profile Name: You cannot use a profile name reserved for the default "
-                                "configurations.\nPlease select a different profile name.");
-    EXPECT_EQ(std::to_string(c.op.nProfile) + c.d.cmbProfileItems.back() + std::to_string(c.d.bDelEnabled),
-              "5Arrows1");
+    EXPECT_EQ(Shown(c.w).at(0),
+              "Invalid Profile Name: You cannot use a profile name reserved for the default "
+              "configurations.\nPlease select a different profile name.");
+    EXPECT_EQ(std::to_string(c.op.nProfile) + c.d.cmbProfileItems.back() + std::to_string(c.d.bDelEnabled), "5Arrows1");
     c.d.cmdOK_Click();
   });
   ASSERT_EQ(c.op.cpProfile.size(), 6u);
@@ -105,8 +105,12 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
 // Picking a profile, or OK, while the keys are temporary asks Yes/No first, and only Yes opens the name
 // dialog; Cancel puts back the profile the visit began with and stores no key. (No to OK: the first test.)
 TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit) {
-  const struct { int answer, shown, selects, profiles, nProfile; std::string name; int up; } cases[] = {
-      {6, 2, 2, 7, 6, "Two", 'q'},  // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
+  const struct {
+    int answer, shown, selects, profiles, nProfile;
+    std::string name;
+    int up;
+  } cases[] = {
+      {6, 2, 2, 7, 6, "Two", 'q'},           // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
       {2, 1, 0, 5, 3, "Keyboard Right", 0},  // No to the first question, then Cancel
   };
   for (const auto& t : cases) {
@@ -123,8 +127,10 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
       EXPECT_EQ(c.op.nProfile, 2);
       c.d.cmbKey_Change(kUp, "q");
       c.w.answers = {int16_t(t.answer)};
-      if (t.answer == 2) c.d.cmdCancel_Click();
-      else c.d.cmdOK_Click();
+      if (t.answer == 2)
+        c.d.cmdCancel_Click();
+      else
+        c.d.cmdOK_Click();
     });
     EXPECT_EQ(Shown(c.w).at(0).rfind("Select New Profile: ", 0), 0u);
     for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, 4) << m.szTitle;

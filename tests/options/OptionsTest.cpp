@@ -34,7 +34,8 @@ void ExpectRecovery(const std::string& error) {
   App a;
   a.sw.optsFile.LoadOptions();
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadOptions: Error opening the options file (sw.opt).  "
-                                                 "Default game option profile will be used.\n\nError (" + error});
+                                                 "Default game option profile will be used.\n\nError (" +
+                                                 error});
   EXPECT_EQ(LastSound(a.w), ".\\sounds\\powerup2.mp3");
   App fresh;
   const Options& o = a.sw.opts;

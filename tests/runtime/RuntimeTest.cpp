@@ -25,7 +25,12 @@ TEST(Random, ClassicSequenceSeedsAndRandomize) {
   r.Rnd(-1.0f);
   EXPECT_EQ(std::vector<float>({n1, again, n2}), std::vector<float>({r.Rnd(), n1, r.Rnd()}));
   // Randomize mixes in the upper half of the double (1.0: 0x3FF00000) and keeps the low byte.
-  auto seeded = [](double t) { Random x; x.SetState(0xABCDEF); x.Randomize(t); return x.State(); };
+  auto seeded = [](double t) {
+    Random x;
+    x.SetState(0xABCDEF);
+    x.Randomize(t);
+    return x.State();
+  };
   EXPECT_EQ(seeded(1.0), 0x3FF0EFu);  // the low bits of the double do not count
   EXPECT_TRUE(seeded(12345.0) == seeded(12345.0 + 1e-9) && seeded(12345.0) != seeded(54321.0));
 }
@@ -44,20 +49,20 @@ TEST(Checked, SixteenBitOverflowAndCIntRounding) {
 
 TEST(NumText, ValStrAndThousands) {
   const std::pair<const char*, double> vals[] = {
-      {" 1", 1},      {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},      {"", 0},        {"3.75e2x", 375},
-      {".5", 0.5},    {"&HFF", 255},     {"&hff", 255},  {"&HFFFF", -1},  {"&O17", 15},   {"&o777", 511},
-      {"&O8", 0},     {"1e", 1}};
+      {" 1", 1},     {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},   {"", 0},        {"3.75e2x", 375}, {".5", 0.5},
+      {"&HFF", 255}, {"&hff", 255},     {"&HFFFF", -1}, {"&O17", 15}, {"&o777", 511}, {"&O8", 0},       {"1e", 1}};
   for (auto [t, v] : vals) EXPECT_EQ(Val(t), v) << t;
-  const std::pair<const char*, bool> numeric[] = {{" 1", true},  {"-1", true},   {"2.5E3", true}, {"1e-5", true},
-                                                  {"&hfF", true}, {"&HFF", true}, {"abc", false},  {"7x", false},
-                                                  {"", false}};
+  const std::pair<const char*, bool> numeric[] = {{" 1", true},   {"-1", true},   {"2.5E3", true},
+                                                  {"1e-5", true}, {"&hfF", true}, {"&HFF", true},
+                                                  {"abc", false}, {"7x", false},  {"", false}};
   for (auto [t, n] : numeric) EXPECT_EQ(IsNumeric(t), n) << t;
   // Str gives a non-negative number a leading blank; concatenation gives none.
   EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5) + Str(INFINITY) + Str(-INFINITY), " 1 0-1 .5 Infinity-Infinity");
   EXPECT_EQ(NumText(-7.0) + "|" + NumText(0.25) + "|" + NumText(0.7055475f), "-7|0.25|0.7055475");
   EXPECT_EQ(Value(int16_t{-1}).Text() + Value(true).Text() + Value(false).Text() + Value().Text(), "-1TrueFalse");
-  const std::pair<double, const char*> thousands[] = {{0, "0"},
-      {999, "999"}, {1000, "1,000"}, {-1234, "-1,234"}, {1234567, "1,234,567"}, {2147483647, "2,147,483,647"}};
+  const std::pair<double, const char*> thousands[] = {
+      {0, "0"},          {999, "999"},           {1000, "1,000"},
+      {-1234, "-1,234"}, {1234567, "1,234,567"}, {2147483647, "2,147,483,647"}};
   for (auto [v, t] : thousands) EXPECT_EQ(FormatThousands(v), t);
 }
 
@@ -76,11 +81,24 @@ TEST(WriteList, LinesAsWrittenAndDamagedLinesAreTolerated) {
 // A line with one item where two are due.
 const std::string kDamagedOptions = "\"Version\",\"1.14\"\r\n\"LastOption\"\r\n";
 
-unsigned ModeOf(const char* name) { struct stat st {}; return ::stat(name, &st) == 0 ? st.st_mode & 07777 : 0; }
-std::string Titles(const FakeWindow& w) { std::string t; for (auto& m : w.messages) t += m.szTitle + "|"; return t; }
+unsigned ModeOf(const char* name) {
+  struct stat st {};
+  return ::stat(name, &st) == 0 ? st.st_mode & 07777 : 0;
+}
+std::string Titles(const FakeWindow& w) {
+  std::string t;
+  for (auto& m : w.messages) t += m.szTitle + "|";
+  return t;
+}
 
-void Load(App& a) { a.sw.optsFile.LoadOptions(); a.sw.hs.LoadHighScores(); }
-void Save(App& a) { a.sw.optsFile.SaveOptions(); a.sw.hs.WriteHighScores(); }
+void Load(App& a) {
+  a.sw.optsFile.LoadOptions();
+  a.sw.hs.LoadHighScores();
+}
+void Save(App& a) {
+  a.sw.optsFile.SaveOptions();
+  a.sw.hs.WriteHighScores();
+}
 
 TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
   TempDir dir;

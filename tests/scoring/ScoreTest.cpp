@@ -16,16 +16,25 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
   EXPECT_EQ(b.sc.glExtraLifeBonus, (std::array<int32_t, 5>{0, 2000, 10000, 25000, 60000}));
 
   const std::string bonus = "Bonus Points: ";
-  const struct { int16_t diff, event, sites, noLink, moves, minLag; int32_t points; std::string shown; } cases[] = {
+  const struct {
+    int16_t diff, event, sites, noLink, moves, minLag;
+    int32_t points;
+    std::string shown;
+  } cases[] = {
       {2, 2, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
       {2, 5, 0, 0, 0, 1, 0, ""},
       {1, 6, 0, -1, 8, 1, 10, bonus + "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!"},
       {1, 6, 0, -1, 9, 1, 0, ""},
       // (10 - moves) / 9 of the bonus, halves to the even neighbour.
       {1, 6, 0, -1, 7, 1, 15, bonus + "Good job!  You hit the site making only 7 moves!\nBonus 15 points awarded!"},
-      {2, 8, 0, -1, 0, 1, 40, ""},  {2, 8, 0, -1, 0, 2, 20, ""}, {2, 8, 0, -1, 0, 3, 10, ""},
-      {2, 8, 0, -1, 0, 4, 0, ""},   {1, 8, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
-      {1, 3, 0, -1, 0, 1, 1, ""},   {1, 4, 0, -1, 0, 1, 2, ""},  {1, 7, 0, -1, 0, 1, 0, ""},
+      {2, 8, 0, -1, 0, 1, 40, ""},
+      {2, 8, 0, -1, 0, 2, 20, ""},
+      {2, 8, 0, -1, 0, 3, 10, ""},
+      {2, 8, 0, -1, 0, 4, 0, ""},
+      {1, 8, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
+      {1, 3, 0, -1, 0, 1, 1, ""},
+      {1, 4, 0, -1, 0, 1, 2, ""},
+      {1, 7, 0, -1, 0, 1, 0, ""},
       {2, 9, 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(std::to_string(c.diff) + "/" + std::to_string(c.event) + "/" + std::to_string(c.moves));

@@ -23,16 +23,18 @@ std::string AllBytes(size_t len, int start) {
 // draws and the stretching all show up here. The round trips below (texts of
 // 640 and 2606 bytes) and the cut-short file (whole groups) take every kind of
 // last group through the stretching and back.
-const std::string kEmptyFile = std::string(
-    "aoPbPSJhLh=GiXap`_YLo@reHbV@qkFKVMoOEgzG>YQCVekLfpKZ`DbeBNNwHff<I<EMUmbE?;\\NaNKuRJ@_P^MsdHLaM;[<"
-    "SlPaf=chj=DLB@EQoCuZ[>CQe`RxQhYKqTudwx[?TeQIgj;OTx]XqxkPaDLZdx]FCz\\mvOS]lnQiJaWmOqRXNgLoxSD;OsJU"
-    "N`q\\QgMDKBsoG;;Dx_CHMgwVNbxsHFR?=rbQ?pumQ[NgOV;Nh;dVfxxRjxuD=dx>zceEF\\suJtzQJQwiEiAYz?ZQYc=pE]a>"
-    "WWrN]cmLmOSe_O\\;czvujfr_KSbpt[ajJiCHa?cidw[CdyAVzwHYXyJ<RdtO]@nlJ\\YXrpiyeMV;B;ecin[?Gjvgh>UTl>^W"
-    "VlxtuwiugmNehD^ob@jMFLOxHNPZawgCl=hcJaPsXLOFNHacYe_V[YMBRuUqQF`ytXt>NkDgUQjAy?^FEmx]wN^FjFz^Z@WA"
-    "t[LePuYpl^utkF[q\\g?rvL[xwRjCESCN[oezUENWeJgIZ[NSi_bQnwjQF>KVO^bmYIvo>s_zeH][ncNo_G\\zEyRafYZasojn"
-    "C<;]WfCU^XZ`nfYUUL>FA]=nkaxIYGBmr<TQok^zZwACJoukJLwinv_\\N]h`OzLjC[EMms>V<y;sxOReQ[QetX;aiBeYuMNU"
-    "VFvK`_p@qkVZiYcPx@ump<<c>HcQBng]qwQET[>@hEAwjE;C_wWNs^vmodpIr_yL<bIRzZLAjZSQvpLg\\oKFw`DneMOhqK;a"
-    "dzO\\FCQJ?RdcYXokRL]\\;GajLbKb]lCg;s]i`X]xCAPcMBYaXdGtE[B?SQvtJ<<gUWN[EP?]f_YeouzveCzEo[") + "\r\n";
+const std::string kEmptyFile =
+    std::string(
+        "aoPbPSJhLh=GiXap`_YLo@reHbV@qkFKVMoOEgzG>YQCVekLfpKZ`DbeBNNwHff<I<EMUmbE?;\\NaNKuRJ@_P^MsdHLaM;[<"
+        "SlPaf=chj=DLB@EQoCuZ[>CQe`RxQhYKqTudwx[?TeQIgj;OTx]XqxkPaDLZdx]FCz\\mvOS]lnQiJaWmOqRXNgLoxSD;OsJU"
+        "N`q\\QgMDKBsoG;;Dx_CHMgwVNbxsHFR?=rbQ?pumQ[NgOV;Nh;dVfxxRjxuD=dx>zceEF\\suJtzQJQwiEiAYz?ZQYc=pE]a>"
+        "WWrN]cmLmOSe_O\\;czvujfr_KSbpt[ajJiCHa?cidw[CdyAVzwHYXyJ<RdtO]@nlJ\\YXrpiyeMV;B;ecin[?Gjvgh>UTl>^W"
+        "VlxtuwiugmNehD^ob@jMFLOxHNPZawgCl=hcJaPsXLOFNHacYe_V[YMBRuUqQF`ytXt>NkDgUQjAy?^FEmx]wN^FjFz^Z@WA"
+        "t[LePuYpl^utkF[q\\g?rvL[xwRjCESCN[oezUENWeJgIZ[NSi_bQnwjQF>KVO^bmYIvo>s_zeH][ncNo_G\\zEyRafYZasojn"
+        "C<;]WfCU^XZ`nfYUUL>FA]=nkaxIYGBmr<TQok^zZwACJoukJLwinv_\\N]h`OzLjC[EMms>V<y;sxOReQ[QetX;aiBeYuMNU"
+        "VFvK`_p@qkVZiYcPx@ump<<c>HcQBng]qwQET[>@hEAwjE;C_wWNs^vmodpIr_yL<bIRzZLAjZSQvpLg\\oKFw`DneMOhqK;a"
+        "dzO\\FCQJ?RdcYXokRL]\\;GajLbKb]lCg;s]i`X]xCAPcMBYaXdGtE[B?SQvtJ<<gUWN[EP?]f_YeouzveCzEo[") +
+    "\r\n";
 
 // Every entry distinct; names with commas and runs of blanks; the extremes.
 void FillTable(HighScores& hs, int seed) {
@@ -90,8 +92,10 @@ TEST(WebmasterFile, DamagedFilesAreReportedAndKeepWhatWasRead) {
   for (int len : {0, 1, 2, 3, 5, 856, 4000, -1}) {  // -1: a directory
     a.w.messages.clear();
     fs::remove(HighScores::kFileName);
-    if (len < 0) fs::create_directory(HighScores::kFileName);
-    else Spit(HighScores::kFileName, AllBytes(static_cast<size_t>(len), 17));
+    if (len < 0)
+      fs::create_directory(HighScores::kFileName);
+    else
+      Spit(HighScores::kFileName, AllBytes(static_cast<size_t>(len), 17));
     a.sw.hs.LoadHighScores();
     ASSERT_EQ(a.w.messages.size(), 1u) << len;
     EXPECT_EQ(a.w.messages.at(0).szTitle, "Error: LoadHighScoresError");

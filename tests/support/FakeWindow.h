@@ -25,14 +25,14 @@ class FakeWindow : public IMainWindow {
   Picture cells[64][64]{};  // the board as drawn: [col][row]
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
-  ProgBarState bar;         // the lag bar as last shown
-  int16_t cellTw = 0;  // SetGridLayout
-  int ended = 0;  // EndProgram calls
+  ProgBarState bar;             // the lag bar as last shown
+  int16_t cellTw = 0;           // SetGridLayout
+  int ended = 0;                // EndProgram calls
   std::vector<Dialog> dialogs;  // dialogs shown, in order
   // What the player does in a dialog while it is shown (nothing: it is simply closed).
   std::function<void(Dialog)> onDialog;
   std::vector<ShownMsg> messages;
-  std::deque<int16_t> answers;  // scripted answers; when empty, the default button's code
+  std::deque<int16_t> answers;      // scripted answers; when empty, the default button's code
   std::vector<std::string> sounds;  // file names opened
   std::vector<int32_t> sleeps;
   std::map<Menu, bool> checked, enabled;

@@ -2,9 +2,9 @@
 // A fresh, empty directory that is the current directory for as long as the
 // object lives; the game reads and writes its files by bare names.
 #include <signal.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <sys/resource.h>
 #include <unistd.h>
 
 #include <filesystem>

@@ -61,18 +61,17 @@ class TestDialogs : public QObject {
   void msgBoxLayout() {
     // In: text width, text height, wrapped height, title width, button set. Out: buttons, label width
     // and height, box width and height, the buttons' top and lefts. All in twips.
-    const std::pair<Ints, Ints> cases[] = {
-        // OK: at least 1595 wide, the button centred between the margins.
-        {{400, 195, 195, 300, 0}, {1, 400, 195, 1595, 1460, 630, 120, 0}},
-        // OK/Cancel and Yes/No: two buttons 120 apart, at least 2950 wide.
-        {{400, 195, 195, 300, 1}, {2, 400, 195, 2950, 1460, 630, 120, 1475}},
-        {{6000, 585, 585, 300, 4}, {2, 6000, 585, 6360, 1850, 1020, 1825, 3180}},
-        // Any other set: no buttons and no minimum width.
-        {{400, 195, 195, 300, 2}, {0, 400, 195, 760, 1460, 630, 0, 0}},
-        // Wider than the main window: wraps at its width and grows downwards.
-        {{20000, 195, 780, 300, 0}, {1, 11976, 780, 12336, 2045, 1215, 5490, 0}},
-        // A long title with a short text: as wide as the title plus the margins.
-        {{400, 195, 195, 4000, 0}, {1, 4000, 195, 4360, 1460, 630, 1502, 0}}};
+    const std::pair<Ints, Ints> cases[] = {// OK: at least 1595 wide, the button centred between the margins.
+                                           {{400, 195, 195, 300, 0}, {1, 400, 195, 1595, 1460, 630, 120, 0}},
+                                           // OK/Cancel and Yes/No: two buttons 120 apart, at least 2950 wide.
+                                           {{400, 195, 195, 300, 1}, {2, 400, 195, 2950, 1460, 630, 120, 1475}},
+                                           {{6000, 585, 585, 300, 4}, {2, 6000, 585, 6360, 1850, 1020, 1825, 3180}},
+                                           // Any other set: no buttons and no minimum width.
+                                           {{400, 195, 195, 300, 2}, {0, 400, 195, 760, 1460, 630, 0, 0}},
+                                           // Wider than the main window: wraps at its width and grows downwards.
+                                           {{20000, 195, 780, 300, 0}, {1, 11976, 780, 12336, 2045, 1215, 5490, 0}},
+                                           // A long title with a short text: as wide as the title plus the margins.
+                                           {{400, 195, 195, 4000, 0}, {1, 4000, 195, 4360, 1460, 630, 1502, 0}}};
     for (const auto& [in, want] : cases) {
       const auto l = frmMsgBox::ComputeLayout(in[0], in[1], in[2], in[3], 24 * 499, static_cast<int16_t>(in[4]));
       QCOMPARE((Ints{l.nButtons, l.lblWidth, l.lblHeight, l.width, l.height, l.btnTop, l.btnLeft[0], l.btnLeft[1]}),
@@ -83,15 +82,18 @@ class TestDialogs : public QObject {
 
   void msgBoxAnswersEnterAndEscape() {
     // Button set, key (0: the box is closed by other means), answer.
-    const int cases[][3] = {{4, Qt::Key_Escape, 7}, {4, Qt::Key_Return, 6}, {4, 0, 7}, {0, Qt::Key_Escape, 1},
-                            {0, Qt::Key_Return, 1}, {1, Qt::Key_Escape, 2}, {1, Qt::Key_Enter, 1}};
+    const int cases[][3] = {{4, Qt::Key_Escape, 7}, {4, Qt::Key_Return, 6}, {4, 0, 7},
+                            {0, Qt::Key_Escape, 1}, {0, Qt::Key_Return, 1}, {1, Qt::Key_Escape, 2},
+                            {1, Qt::Key_Enter, 1}};
     frmMsgBox::testAnswer = nullptr;  // the real box
     for (const auto& [nButtons, key, answer] : cases) {
       frmMsgBox box(&s_->w, 24 * 499);
       box.Setup("Go on?", static_cast<int16_t>(nButtons), "Question");
       InNextDialog<frmMsgBox>([key](frmMsgBox& d) {
-        if (key == 0) d.close();
-        else QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
+        if (key == 0)
+          d.close();
+        else
+          QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
       });
       QVERIFY2(box.ShowModal() == answer, qPrintable(QStringLiteral("set %1, key %2").arg(nButtons).arg(key)));
     }

@@ -23,9 +23,10 @@ QString MapMismatch(const frmMain& w) {
     for (int16_t c = 0; c < g.gnMapCols; ++c) {
       const sw::CoordPair ct{c, r};
       auto on = [&ct](const auto& list, int n) { return std::count(list.begin() + 1, list.begin() + 1 + n, ct) > 0; };
-      const Picture want = g.gctPlayerPos == ct ? sw::PlayerPicture(g.gnPlayerDir)
-                           : on(g.gctVirusPos, g.gnVirusLive) ? Picture::Virus
-                           : on(g.gctInfectedPos, g.gnInfectedCount) ? Picture::Infected : Picture::None;
+      const Picture want = g.gctPlayerPos == ct                      ? sw::PlayerPicture(g.gnPlayerDir)
+                           : on(g.gctVirusPos, g.gnVirusLive)        ? Picture::Virus
+                           : on(g.gctInfectedPos, g.gnInfectedCount) ? Picture::Infected
+                                                                     : Picture::None;
       const QAccessibleInterface* cell =
           QAccessible::queryAccessibleInterface(w.grdMap)->tableInterface()->cellAt(r, c);  // as a screen reader reads
       if (w.grdMap->PictureAt(c, r) != want || cell->text(QAccessible::Name).toStdString() != sw::PictureWord(want))
@@ -51,7 +52,10 @@ void Board(frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
 struct Recorder : swui::SoundOutput {
   QString events;
   std::atomic<size_t> frames = 0;
-  bool Open(long, int) override { events += "open "; return true; }
+  bool Open(long, int) override {
+    events += "open ";
+    return true;
+  }
   long Write(const int16_t*, size_t n) override {
     std::this_thread::sleep_for(std::chrono::milliseconds(4));
     frames += n;
@@ -137,7 +141,14 @@ class TestFrmMain : public QObject {
     frmMain& w = s_->w;
     (new QPushButton("x", w.pctInfoBar))->show();
     QApplication::setActiveWindow(&w);
-    struct Case { const char* name; int key; Qt::KeyboardModifier mod; int16_t pause; QPoint to; bool turn; };
+    struct Case {
+      const char* name;
+      int key;
+      Qt::KeyboardModifier mod;
+      int16_t pause;
+      QPoint to;
+      bool turn;
+    };
     const Case cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
                           {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
                           {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
@@ -150,8 +161,10 @@ class TestFrmMain : public QObject {
       if (c.key == 'W') op.nProfile = 2;
       op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = c.pause;
       Board(w, {{20, 10}});
-      if (c.key == 'W') QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
-      else QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(c.key), c.mod);
+      if (c.key == 'W')
+        QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
+      else
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(c.key), c.mod);
       const sw::CoordPair at = w.sw.game.gctPlayerPos;
       const bool turned = !(w.sw.game.gctVirusPos[1] == sw::CoordPair{20, 10});
       QVERIFY2(QPoint(at.nCol, at.nRow) == c.to && turned == c.turn && MapMismatch(w).isEmpty(), c.name);
@@ -196,8 +209,10 @@ class TestFrmMain : public QObject {
     int keysInPause = 0;
     QTimer typist;  // a key every millisecond, until the start's pause has come and gone
     connect(&typist, &QTimer::timeout, [&] {
-      if (w.CurrentPointer() == sw::Pointer::Hourglass) ++keysInPause;
-      else if (keysInPause > 0 || w.sw.game.gnMoveCount > 0) return typist.stop();
+      if (w.CurrentPointer() == sw::Pointer::Hourglass)
+        ++keysInPause;
+      else if (keysInPause > 0 || w.sw.game.gnMoveCount > 0)
+        return typist.stop();
       QTest::keyClick(&w, '8');
     });
     typist.start(1);

@@ -38,7 +38,8 @@ bool ParseSizes(const char* arg, std::vector<int>& sizes) {
 
 int main(int argc, char* argv[]) {
   if (argc < 4) {
-    std::fprintf(stderr, "usage: prerender OUT.cpp SIZE[,SIZE...] PICTURE.svg... [-- SIZE[,SIZE...] PICTURE.svg...]...\n");
+    std::fprintf(stderr,
+                 "usage: prerender OUT.cpp SIZE[,SIZE...] PICTURE.svg... [-- SIZE[,SIZE...] PICTURE.svg...]...\n");
     return 2;
   }
   // Drawing needs no screen.
@@ -76,12 +77,14 @@ int main(int argc, char* argv[]) {
   }
   std::ofstream out(argv[1], std::ios::trunc);
   out << "// Made by tools/prerender from the pictures at build time; not to be edited.\n"
-      << "#include <cstddef>\n#include <cstring>\n\n#include \"ui/Prerendered.h\"\n\nnamespace swui {\n\nnamespace {\n\n"
+      << "#include <cstddef>\n#include <cstring>\n\n#include \"ui/Prerendered.h\"\n\nnamespace swui {\n\nnamespace "
+         "{\n\n"
       << "// One table in a section of its own, in the order the tool was given: apart from the\n"
       << "// program's other constants, so that reading those never reads pictures along with them.\n"
       << "__attribute__((section(\"skitterweb_pictures\"))) alignas(4) const unsigned char kPixels[] = {\n"
       << tables.str() << "};\n\nstruct Entry {\n  const char* name;\n  int device;\n  size_t offset;\n};\n\n"
-      << "const Entry kEntries[] = {\n" << index.str() << "};\n\n}  // namespace\n\n"
+      << "const Entry kEntries[] = {\n"
+      << index.str() << "};\n\n}  // namespace\n\n"
       << "const unsigned char* PrerenderedPixels(const char* name, int device) {\n"
       << "  for (const Entry& e : kEntries)\n"
       << "    if (e.device == device && std::strcmp(e.name, name) == 0) return kPixels + e.offset;\n"
