@@ -15,6 +15,7 @@ class Options;
 class DebugLog;
 class Shell;
 class Score;
+enum class ScoreEvent : int16_t;
 class HighScores;
 class HighScoreDialog;
 class Random;
@@ -93,10 +94,10 @@ class Game {
   void MoveVirus();
   void CheckVirusCrash();
   void CheckVirusInfected();
-  void KillVirus(int16_t nVirus, int16_t nEvent);
+  void KillVirus(int16_t nVirus, ScoreEvent nEvent);
 
   // ---- death and site completion
-  void PlayerDead(int16_t nCause);
+  void PlayerDead(DeathCause nCause);
   void NewSite();
 
   // ---- net lag

@@ -83,7 +83,7 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
     } catch (const RuntimeError&) {
       opts.ResetToGuest();
     }
-    shell.ShowMsg(text, 0, "Error: LoadOptions", "powerup2.mp3");
+    shell.ShowMsg(text, MsgButtons::OkOnly, "Error: LoadOptions", "powerup2.mp3");
     opts.ResetToGuest();
   };
 
@@ -146,8 +146,8 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
     if (opts.Current().bDebug) {
       session.DebugOpen(false, true);
       if (!opts.Current().bDebug) {
-        shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
-                      "Error: DebugOpen", "powerup2.mp3");
+        shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability",
+                      MsgButtons::OkOnly, "Error: DebugOpen", "powerup2.mp3");
         return;
       }
       frmMain.SetMenuChecked(Menu::menUseDL, true);
@@ -184,7 +184,7 @@ void OptionsFile::CorrectSettings() {
   if (fixes.empty()) return;
   shell.ShowMsg(std::string("Some settings in the options file (") + Options::kFileName +
                     ") are out of range; their defaults are used instead:" + fixes,
-                0, "Options Out of Range", "powerup2.mp3");
+                MsgButtons::OkOnly, "Options Out of Range", "powerup2.mp3");
 }
 
 std::string OptionsFile::OptionsText() const {
