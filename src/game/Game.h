@@ -55,8 +55,6 @@ class Game {
        HighScoreDialog& webmasters, Random& rnd, IMainWindow& frmMain);
 
   // ---- lookups and drawing
-  int16_t SamePos(const CoordPair& a, const CoordPair& b);
-  void SetPos(CoordPair& ct, int16_t nCol, int16_t nRow);
   int16_t IsOnMap(const CoordPair& ct);
   void MoveNumDir(CoordPair& ctPos, int16_t nDir);
   int16_t CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus);
