@@ -194,9 +194,6 @@ TEST(OptionsFile, FailedSavesGoToTheCallerAndLeaveTheOldFile) {
   EXPECT_EQ(fs::status(Options::kFileName).permissions() & fs::perms::all,
             fs::perms::owner_read | fs::perms::owner_write);  // it holds passwords
   EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.optsFile.SaveOptions(); }); }), 70);
-  a.sw.opts.gnOpt = 30;  // the profile name comes from a record that does not exist
-  EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 9);
-  a.sw.opts.gnOpt = 1;
   fs::permissions(Options::kFileName, fs::perms::owner_read);  // read-only: refused, left as it is
   EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 70);
   // None of them changed the old file or left anything beside it.

@@ -18,31 +18,29 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
   const std::string bonus = "Bonus Points: ";
   using E = ScoreEvent;
   const struct {
-    int16_t diff;
     ScoreEvent event;
-    int16_t sites, noLink, moves, minLag;
+    int16_t diff, sites, noLink, moves, minLag;
     int32_t points;
     std::string shown;
-  } cases[] = {{2, E::SiteHit, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
-               {2, E::NoLinkBonus, 0, 0, 0, 1, 0, ""},
-               {1, E::FewMovesBonus, 0, -1, 8, 1, 10,
+  } cases[] = {{E::SiteHit, 2, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
+               {E::NoLinkBonus, 2, 0, 0, 0, 1, 0, ""},
+               {E::FewMovesBonus, 1, 0, -1, 8, 1, 10,
                 bonus + "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!"},
-               {1, E::FewMovesBonus, 0, -1, 9, 1, 0, ""},
+               {E::FewMovesBonus, 1, 0, -1, 9, 1, 0, ""},
                // (10 - moves) / 9 of the bonus, halves to the even neighbour.
-               {1, E::FewMovesBonus, 0, -1, 7, 1, 15,
+               {E::FewMovesBonus, 1, 0, -1, 7, 1, 15,
                 bonus + "Good job!  You hit the site making only 7 moves!\nBonus 15 points awarded!"},
-               {2, E::LowLagBonus, 0, -1, 0, 1, 40, ""},
-               {2, E::LowLagBonus, 0, -1, 0, 2, 20, ""},
-               {2, E::LowLagBonus, 0, -1, 0, 3, 10, ""},
-               {2, E::LowLagBonus, 0, -1, 0, 4, 0, ""},
-               {1, E::LowLagBonus, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
-               {1, E::Plain3, 0, -1, 0, 1, 1, ""},
-               {1, E::Plain4, 0, -1, 0, 1, 2, ""},
-               {1, E::Reserved, 0, -1, 0, 1, 0, ""},
-               {2, static_cast<E>(9), 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
+               {E::LowLagBonus, 2, 0, -1, 0, 1, 40, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 2, 20, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 3, 10, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 4, 0, ""},
+               {E::LowLagBonus, 1, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
+               {E::Plain3, 1, 0, -1, 0, 1, 1, ""},
+               {E::Plain4, 1, 0, -1, 0, 1, 2, ""},
+               {E::Reserved, 1, 0, -1, 0, 1, 0, ""},
+               {static_cast<E>(9), 2, 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.diff) + "/" + std::to_string(static_cast<int>(c.event)) + "/" +
-                 std::to_string(c.moves));
+    SCOPED_TRACE(testing::Message() << "row " << &c - cases);
     Board p(c.diff);
     p.g.gnSitesHit = c.sites;
     p.g.gbScoreNoLinkSite = c.noLink;

@@ -85,13 +85,12 @@ class TestDialogs : public QObject {
     // Button set, key (0: the box is closed by other means), answer.
     using B = sw::MsgButtons;
     using A = sw::MsgAnswer;
-    const std::tuple<B, int, A> cases[] = {{B::YesNo, Qt::Key_Escape, A::No},
-                                           {B::YesNo, Qt::Key_Return, A::Yes},
-                                           {B::YesNo, 0, A::No},
-                                           {B::OkOnly, Qt::Key_Escape, A::Ok},
-                                           {B::OkOnly, Qt::Key_Return, A::Ok},
-                                           {B::OkCancel, Qt::Key_Escape, A::Cancel},
-                                           {B::OkCancel, Qt::Key_Enter, A::Ok}};
+    // clang-format off
+    const std::tuple<B, int, A> cases[] = {
+        {B::YesNo, Qt::Key_Escape, A::No}, {B::YesNo, Qt::Key_Return, A::Yes}, {B::YesNo, 0, A::No},
+        {B::OkOnly, Qt::Key_Escape, A::Ok}, {B::OkOnly, Qt::Key_Return, A::Ok},
+        {B::OkCancel, Qt::Key_Escape, A::Cancel}, {B::OkCancel, Qt::Key_Enter, A::Ok}};
+    // clang-format on
     frmMsgBox::testAnswer = nullptr;  // the real box
     for (const auto& [nButtons, key, answer] : cases) {
       frmMsgBox box(&s_->w, 24 * 499);
