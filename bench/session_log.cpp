@@ -17,18 +17,20 @@
 namespace {
 
 using sw::Dialog;
+using sw::MsgAnswer;
+using sw::MsgButtons;
 
 // Message boxes answered at random, mostly with the default button.
 class SessionWindow : public sw::test::FakeWindow {
  public:
   std::mt19937* rng = nullptr;
   bool quitting = false;  // the session quits once, at its end
-  int16_t MsgBox(const std::string&, int16_t nButtons, const std::string& szTitle) override {
+  MsgAnswer MsgBox(const std::string&, MsgButtons nButtons, const std::string& szTitle) override {
     const unsigned r = (*rng)() % 10;
-    if (szTitle == "Quit Skitterweb") return quitting ? 6 : 7;
-    if (nButtons == 4) return r < 7 ? 6 : 7;
-    if (nButtons == 1) return r < 8 ? 1 : 2;
-    return 1;
+    if (szTitle == "Quit Skitterweb") return quitting ? MsgAnswer::Yes : MsgAnswer::No;
+    if (nButtons == MsgButtons::YesNo) return r < 7 ? MsgAnswer::Yes : MsgAnswer::No;
+    if (nButtons == MsgButtons::OkCancel) return r < 8 ? MsgAnswer::Ok : MsgAnswer::Cancel;
+    return MsgAnswer::Ok;
   }
 };
 
@@ -90,10 +92,12 @@ int main(int argc, char* argv[]) {
           if (pick(4) == 0)
             d.cmbKey_Change(i, "", static_cast<int16_t>(pick(5)));
           else
-            d.cmbKey_Change(i, std::string(1, letters[static_cast<size_t>(pick(static_cast<unsigned>(letters.size())))]));
+            d.cmbKey_Change(i,
+                            std::string(1, letters[static_cast<size_t>(pick(static_cast<unsigned>(letters.size())))]));
           if (pick(5) == 0) d.cmbKey_LostFocus(i);
         }
-        if (pick(4) == 0) d.cmbProfile_Click(static_cast<int16_t>(pick(static_cast<unsigned>(d.cmbProfileItems.size()))));
+        if (pick(4) == 0)
+          d.cmbProfile_Click(static_cast<int16_t>(pick(static_cast<unsigned>(d.cmbProfileItems.size()))));
         if (pick(4) == 0) d.cmdSaveProfile_Click();
         if (pick(6) == 0) d.cmdDelProfile_Click();
         if (pick(10) == 0) d.cmdHelp_Click();

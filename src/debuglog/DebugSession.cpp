@@ -19,8 +19,8 @@ void DebugSession::DebugOpen(bool bClear, bool bQuiet) {
   } catch (const RuntimeError&) {
   }
   if (!bQuiet) {
-    shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
-                  "Error: DebugOpen", "powerup2.mp3");
+    shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability",
+                  MsgButtons::OkOnly, "Error: DebugOpen", "powerup2.mp3");
   }
   frmMain.SetMenuChecked(Menu::menUseDL, false);
 }
@@ -33,8 +33,9 @@ void DebugSession::DebugClear() {
 }
 
 void DebugSession::DebugClose() {
-  shell.ShowMsg("Would you like to save the existing log file?", 4, "Close Log File", "comp-save debug log.mp3");
-  if (shell.gnMsgReturn != 6) {
+  shell.ShowMsg("Would you like to save the existing log file?", MsgButtons::YesNo, "Close Log File",
+                "comp-save debug log.mp3");
+  if (shell.gnMsgReturn != MsgAnswer::Yes) {
     try {
       DeleteFile(DebugLog::kFileName);
     } catch (const RuntimeError&) {

@@ -151,7 +151,7 @@ bool Game::LinkCommand() {
 int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
   const CoordPair ctPlayer = ctPlayerIn;
   int16_t bSuccessful = 0;
-  int16_t nCause = 0;
+  DeathCause nCause{};  // none
   if (CheckDownServers(ctPlayer) == 0 && IsOnMap(ctPlayer)) {
     if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
     game.gctPlayerPos = ctPlayer;

@@ -41,18 +41,6 @@ CoordPair Game::RandomCell() {
   return ct;
 }
 
-int16_t Game::SamePos(const CoordPair& a, const CoordPair& b) {
-  const int16_t same = (a.nCol == b.nCol && a.nRow == b.nRow) ? -1 : 0;
-  if (dbg.On()) dbg.DebugWrite(Trace("SamePos").In("a", a.Text()).In("b", b.Text()).Ret("SamePos", same));
-  return same;
-}
-
-void Game::SetPos(CoordPair& ct, int16_t nCol, int16_t nRow) {
-  ct.nCol = nCol;
-  ct.nRow = nRow;
-  if (dbg.On()) dbg.DebugWrite(Trace("SetPos").In("nCol", nCol).In("nRow", nRow).Var("ct", ct.Text()));
-}
-
 int16_t Game::IsOnMap(const CoordPair& ct) {
   const int16_t on = (ct.nCol >= 0 && ct.nCol < game.gnMapCols && ct.nRow >= 0 && ct.nRow < game.gnMapRows) ? -1 : 0;
   if (dbg.On()) dbg.DebugWrite(Trace("IsOnMap").In("ct", ct.Text()).Ret("IsOnMap", on));

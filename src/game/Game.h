@@ -15,6 +15,7 @@ class Options;
 class DebugLog;
 class Shell;
 class Score;
+enum class ScoreEvent : int16_t;
 class HighScores;
 class HighScoreDialog;
 class Random;
@@ -54,8 +55,6 @@ class Game {
        HighScoreDialog& webmasters, Random& rnd, IMainWindow& frmMain);
 
   // ---- lookups and drawing
-  int16_t SamePos(const CoordPair& a, const CoordPair& b);
-  void SetPos(CoordPair& ct, int16_t nCol, int16_t nRow);
   int16_t IsOnMap(const CoordPair& ct);
   void MoveNumDir(CoordPair& ctPos, int16_t nDir);
   int16_t CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus);
@@ -93,10 +92,10 @@ class Game {
   void MoveVirus();
   void CheckVirusCrash();
   void CheckVirusInfected();
-  void KillVirus(int16_t nVirus, int16_t nEvent);
+  void KillVirus(int16_t nVirus, ScoreEvent nEvent);
 
   // ---- death and site completion
-  void PlayerDead(int16_t nCause);
+  void PlayerDead(DeathCause nCause);
   void NewSite();
 
   // ---- net lag

@@ -120,8 +120,8 @@ void MainMenu::menNewGame_Click() {
     if (game.gbGameOn) {
       shell.ShowMsg(std::string("Starting a new game will end the game in progress.") + "\n" +
                         "Do you want to end the current game?",
-                    4, "Start New Game", "comp-abort game.mp3");
-      if (shell.gnMsgReturn != 6) return;
+                    MsgButtons::YesNo, "Start New Game", "comp-abort game.mp3");
+      if (shell.gnMsgReturn != MsgAnswer::Yes) return;
     }
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menNewGame_Click"));
     RecordGame();
@@ -139,9 +139,9 @@ void MainMenu::menQuit_Click() {
   bool bQuit = true;
   Run("frmMain.menQuit_Click", [&] {
     if (game.gbGameOn) {
-      shell.ShowMsg("Are you sure you want to quit and loose your game in progress?", 4, "Quit Skitterweb",
-                    "comp-abort game.mp3");
-      if (shell.gnMsgReturn != 6) {
+      shell.ShowMsg("Are you sure you want to quit and loose your game in progress?", MsgButtons::YesNo,
+                    "Quit Skitterweb", "comp-abort game.mp3");
+      if (shell.gnMsgReturn != MsgAnswer::Yes) {
         bQuit = false;
         return;
       }
@@ -219,8 +219,8 @@ void MainMenu::menDiffLevel_Click(int16_t Index) {
       if (game.gbGameOn) {
         shell.ShowMsg(std::string("Changing the game difficulty to ") + level.szWord + " will start a new game." +
                           "\n" + "Are you sure you want to loose your game in progress?",
-                      4, "Change Game Difficulty", "comp-abort game.mp3");
-        if (shell.gnMsgReturn != 6) return;
+                      MsgButtons::YesNo, "Change Game Difficulty", "comp-abort game.mp3");
+        if (shell.gnMsgReturn != MsgAnswer::Yes) return;
       }
       shell.PlaySound("comp-option change.mp3");
       RecordGame();
@@ -246,8 +246,8 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
       if (game.gbGameOn) {
         shell.ShowMsg("Would you like to abandon your current game and start a new one with " +
                           NumText(int64_t{Index}) + " sites already hit?",
-                      4, "Change Starting Site Number", "comp-abort game.mp3");
-        bNewGame = shell.gnMsgReturn == 6 ? -1 : 0;
+                      MsgButtons::YesNo, "Change Starting Site Number", "comp-abort game.mp3");
+        bNewGame = shell.gnMsgReturn == MsgAnswer::Yes ? -1 : 0;
       }
       shell.PlaySound("comp-option change.mp3");
     }
@@ -309,7 +309,7 @@ void MainMenu::menAbout_Click() {
                       nl + "Built from the Skitterweb sources." + nl + nl +
                       "Thanks to everyone who played the early versions" + nl +
                       "and to the makers of the old chase games that inspired it.",
-                  0, "About Skitterweb", "comp-program start.mp3");
+                  MsgButtons::OkOnly, "About Skitterweb", "comp-program start.mp3");
   });
 }
 
@@ -323,7 +323,7 @@ void MainMenu::menCredits_Click() {
                       "Progress bar object" + dots + team + nl + nl + "--Art--" + nl +
                       "Mouse, dead mouse and infected server" + dots + team + nl + "Virus art" + dots + team + nl + nl +
                       "--Sound--" + nl + "Computer voice" + dots + team,
-                  0, "Credits for Skitterweb", "jad0025a3.mp3");
+                  MsgButtons::OkOnly, "Credits for Skitterweb", "jad0025a3.mp3");
   });
 }
 

@@ -12,7 +12,7 @@ namespace sw {
 
 namespace {
 
-std::string CauseText(int16_t nCause) {
+std::string CauseText(DeathCause nCause) {
   switch (nCause) {
     case kWalkedOntoVirus: return "Poor little suicidal mouse! Lucky, lucky virus!";
     case kVirusReachedMouse: return "You have been infected by an skitterweb! Attempting to restore soul from backup.";
@@ -26,7 +26,7 @@ std::string CauseText(int16_t nCause) {
 
 }  // namespace
 
-void Game::PlayerDead(int16_t nCause) {
+void Game::PlayerDead(DeathCause nCause) {
   try {
     // Score news of this turn comes before the death.
     score.WriteScoreMesg();
@@ -50,14 +50,15 @@ void Game::PlayerDead(int16_t nCause) {
       frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
       shell.ShowMsg(szCause + "\n" + "Life program re-initialized. You now have " +
                         NumText(int64_t{game.gnReconnects}) + " reconnects remaining. Get ready to try again!",
-                    0, "Player Died", "comp-dead.mp3");
+                    MsgButtons::OkOnly, "Player Died", "comp-dead.mp3");
       InitMap();
       return;
     }
 
     // No reconnect left: the game is over.
     frmMain.SetCaption(Label::lblReconnects, "-");
-    shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", 0, "Player Died", "comp-game over.mp3");
+    shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", MsgButtons::OkOnly, "Player Died",
+                  "comp-game over.mp3");
     webmasters.CheckHighScore();
     game.gbGameOn = 0;
     game.gbWaitOn = 0;
@@ -66,8 +67,8 @@ void Game::PlayerDead(int16_t nCause) {
                          .Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn}) +
                                " gbWaitOn=" + NumText(int64_t{game.gbWaitOn})));
     }
-    shell.ShowMsg("Would you like to play another game?", 4, "Play again?", "comp-new game.mp3");
-    if (shell.gnMsgReturn == 6) StartGame();
+    shell.ShowMsg("Would you like to play another game?", MsgButtons::YesNo, "Play again?", "comp-new game.mp3");
+    if (shell.gnMsgReturn == MsgAnswer::Yes) StartGame();
   } catch (const RuntimeError& err) {
     shell.ReportError("PlayerDead", err);
   }
@@ -75,7 +76,7 @@ void Game::PlayerDead(int16_t nCause) {
 
 void Game::NewSite() {
   try {
-    score.AddPoints(2);
+    score.AddPoints(ScoreEvent::SiteHit);
   } catch (const RuntimeError& err) {
     // The site is won all the same: it is counted and the next one laid out.
     shell.ReportError("NewSite", err);
@@ -88,7 +89,7 @@ void Game::NewSite() {
     frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
     shell.ShowMsg("Congradulations!  You have eluded the viruses and hit site number " +
                       NumText(int64_t{game.gnSitesHit}) + "!" + "\n" + "Get ready for your next web search!",
-                  0, "Site Hit", "comp-level complete.mp3");
+                  MsgButtons::OkOnly, "Site Hit", "comp-level complete.mp3");
     InitMap();
   } catch (const RuntimeError& err) {
     shell.ReportError("NewSite", err);

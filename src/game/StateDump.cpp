@@ -39,12 +39,6 @@ const char* LagColorName(uint32_t barColor) {
   }
 }
 
-const char* const kCommandLabels[17] = {"Move Up=",   "Move Up Right=",  "Move Right=",       "Move Down Right=",
-                                        "Move Down=", "Move Down Left=", "Move Left=",        "Move Up Left=",
-                                        "Wait=",      "Pause=",          "Anti Virus=",       "Reboot=",
-                                        "Backup=",    "Restore=",        "Software Upgrade=", "Dedicated Line=",
-                                        "Link="};
-
 }  // namespace
 
 StateDump::StateDump(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score, HighScores& hs)
@@ -61,23 +55,19 @@ void StateDump::DebugWriteAll() {
     const OptionProfile& op = opts.Current();
     put("---Options---");
     put("Option Profile=" + NumText(opts.gnOpt) + " (max=" + N(opts.gnOptMax) + ")");
-    put("Player Name=" + op.szUserName);
-    put("Password=" + op.szPassword);
-    put("Sound=" + N(op.bSound));
-    put("Grid=" + N(op.bGrid));
-    put("Starting Site=" + N(op.nStartSite));
-    put("Difficulty=" + N(op.nDiff));
-    put("Map Size=" + N(op.nMapSize) + "(" + N(game.gnMapRows) + "," + N(game.gnMapCols) + ")");
-    put("Down Servers=" + N(op.bDownServers));
-    put("Safe Mode=" + N(op.bSafe));
+    for (const Setting* s : SettingsBy(&Setting::dumpAt)) {
+      std::string line = std::string(s->dumpLabel) + "=" + (s->text ? op.*s->text : N(op.*s->number));
+      if (s->number == &OptionProfile::nMapSize) line += "(" + N(game.gnMapRows) + "," + N(game.gnMapCols) + ")";
+      put(line);
+    }
     put("Game Number=" + N(game.gnGameNum));
 
     put("---Commands (selected)---");
     put("Control Profile=" + op.szProfile + " [Profile #" + N(op.nProfile) + "]");
     const ControlProfile& cp = opts.CurrentKeys();
-    for (size_t i = 0; i < 17; ++i) {
-      const int16_t key = cp.*kCommandFields[i].field;
-      put(kCommandLabels[i] + N(key) + "='" + std::string(1, static_cast<char>(key & 0xFF)) + "'");
+    for (const CommandField& f : kCommandFields) {
+      const int16_t key = cp.*f.field;
+      put(std::string(f.label) + "=" + N(key) + "='" + std::string(1, static_cast<char>(key & 0xFF)) + "'");
     }
   } catch (const RuntimeError& e) {
     // A player or profile that does not exist: the rest of the dump still helps.
@@ -108,7 +98,7 @@ void StateDump::DebugWriteAll() {
   put("Lag Severity=" + N(game.gnColorLag) + LagColorName(game.pbrNetLag.BarColor));
   put("Move Count=" + N(game.gnMoveCount));
   put("Player Direction=" + N(game.gnPlayerDir));
-  put("Message Return=" + N(shell.gnMsgReturn));
+  put("Message Return=" + N(static_cast<int16_t>(shell.gnMsgReturn)));
   put("Wait On=" + N(game.gbWaitOn));
   put("End Site=" + N(game.gbEndSite));
   put("Linking=" + N(game.gbLinkOn));

@@ -138,8 +138,8 @@ void Game::CheckVirusCrash() {
     }
     bFirst = false;
     // j lies above i, so removing it first leaves virus i where it is.
-    KillVirus(j, 1);
-    KillVirus(i, 1);
+    KillVirus(j, ScoreEvent::VirusKilled);
+    KillVirus(i, ScoreEvent::VirusKilled);
   }
 }
 
@@ -160,11 +160,11 @@ void Game::CheckVirusInfected() {
                          .Note("Start flag is being used to mark multiple infected crashes in same function call"));
     }
     bFirst = false;
-    KillVirus(i, 1);
+    KillVirus(i, ScoreEvent::VirusKilled);
   }
 }
 
-void Game::KillVirus(int16_t nVirus, int16_t nEvent) {
+void Game::KillVirus(int16_t nVirus, ScoreEvent nEvent) {
   try {
     for (int16_t k = nVirus; k <= game.gnVirusLive - 1; ++k)
       game.gctVirusPos[static_cast<size_t>(k)] = game.gctVirusPos[static_cast<size_t>(k) + 1];

@@ -140,9 +140,9 @@ void CommandListDialog::cmbProfile_Click(int16_t nIndex) {
   OptionProfile& op = opts.Current();
   if (nIndex < 0 || static_cast<size_t>(nIndex) + 1 >= op.cpProfile.size()) return;
   if (op.nProfile == 0) {
-    shell.ShowMsg("Do you want to save your current temporary control profile before selecting a new one?", 4,
-                  "Select New Profile", "powerup2.mp3");
-    if (shell.gnMsgReturn == 6) cmdSaveProfile_Click();
+    shell.ShowMsg("Do you want to save your current temporary control profile before selecting a new one?",
+                  MsgButtons::YesNo, "Select New Profile", "powerup2.mp3");
+    if (shell.gnMsgReturn == MsgAnswer::Yes) cmdSaveProfile_Click();
   }
   OptionProfile& now = opts.Current();
   if (static_cast<size_t>(nIndex) + 1 >= now.cpProfile.size()) return;
@@ -168,14 +168,14 @@ void CommandListDialog::cmdSaveProfile_Click() {
     if (bReserved) {
       shell.ShowMsg(std::string("You cannot use a profile name reserved for the default configurations.") + "\n" +
                         "Please select a different profile name.",
-                    0, "Invalid Profile Name", "powerup2.mp3");
+                    MsgButtons::OkOnly, "Invalid Profile Name", "powerup2.mp3");
       continue;
     }
     if (select.gnSelIndex >= 0) {
       shell.ShowMsg("Are you sure you want to overwrite your existing " + select.gszSelect + " profile?" + "\n" +
                         "(Click 'No' to choose a different profile name to save as)",
-                    4, "Confirm Profile Replace", "powerup2.mp3");
-      if (shell.gnMsgReturn != 6) continue;
+                    MsgButtons::YesNo, "Confirm Profile Replace", "powerup2.mp3");
+      if (shell.gnMsgReturn != MsgAnswer::Yes) continue;
       nTarget = static_cast<size_t>(select.gnSelIndex) + 5;
     } else {
       nTarget = op.cpProfile.size();
@@ -203,9 +203,9 @@ void CommandListDialog::cmdSaveProfile_Click() {
 void CommandListDialog::cmdDelProfile_Click() {
   OptionProfile& op = opts.Current();
   if (op.nProfile < 5 || static_cast<size_t>(op.nProfile) >= op.cpProfile.size()) return;
-  shell.ShowMsg("Are you sure you want to delete the '" + op.szProfile + "' control profile?", 4,
+  shell.ShowMsg("Are you sure you want to delete the '" + op.szProfile + "' control profile?", MsgButtons::YesNo,
                 "Delete Control Profile", "powerup2.mp3");
-  if (shell.gnMsgReturn != 6) return;
+  if (shell.gnMsgReturn != MsgAnswer::Yes) return;
   op.cpProfile.erase(op.cpProfile.begin() + op.nProfile);
   cmbProfileItems.erase(cmbProfileItems.begin() + (op.nProfile - 1));
   op.nProfile = 1;
@@ -223,8 +223,8 @@ void CommandListDialog::cmdOK_Click() {
                       "\n" +
                       "Do you wish to save them now?  (Click 'yes' to create a new control profile or 'no' to "
                       "continue playing with your temporary settings.)",
-                  4, "Save current control settings?", "powerup2.mp3");
-    if (shell.gnMsgReturn == 6) {
+                  MsgButtons::YesNo, "Save current control settings?", "powerup2.mp3");
+    if (shell.gnMsgReturn == MsgAnswer::Yes) {
       cmdSaveProfile_Click();
     } else {
       SaveKeys(op.cpProfile[0]);
@@ -267,7 +267,7 @@ void CommandListDialog::cmdHelp_Click() {
           "\n\n" +
           "Refer to the Skitterweb help file for more information about the games commands and how to play "
           "Skitterweb.",
-      0, "Controls Help", "powerup2.mp3");
+      MsgButtons::OkOnly, "Controls Help", "powerup2.mp3");
 }
 
 }  // namespace sw

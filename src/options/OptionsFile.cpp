@@ -83,7 +83,7 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
     } catch (const RuntimeError&) {
       opts.ResetToGuest();
     }
-    shell.ShowMsg(text, 0, "Error: LoadOptions", "powerup2.mp3");
+    shell.ShowMsg(text, MsgButtons::OkOnly, "Error: LoadOptions", "powerup2.mp3");
     opts.ResetToGuest();
   };
 
@@ -114,39 +114,29 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
           opts.gnOptMax = static_cast<int16_t>(nRec);
           opts.InitOptionProfile(opts.gopOpts[static_cast<size_t>(nRec)]);
         }
-      } else if (key == "UserName") {
-        record().szUserName = value.text;
-      } else if (key == "Password") {
-        record().szPassword = value.text;
-      } else if (key == "ControlProfileNum") {
-        record().nProfile = integer();
-      } else if (key == "ControlProfileName") {
-        record().szProfile = value.text;
-      } else if (key == "ControlProfileBegin") {
-        // Appended in file order whatever number the file gives.
-        std::vector<ControlProfile>& cp = record().cpProfile;
-        nCP = I16(int64_t{UpperBound(cp)} + 1);
-        cp.resize(static_cast<size_t>(nCP) + 1);
       } else if (key == "CPName") {
         profile().szName = value.text;
       } else if (int16_t ControlProfile::*field = KeyField(key)) {
-        profile().*field = integer();
-      } else if (key == "Debug") {
-        record().bDebug = flag;
-      } else if (key == "Diff") {
-        record().nDiff = integer();
-      } else if (key == "Grid") {
-        record().bGrid = flag;
-      } else if (key == "Sound") {
-        record().bSound = flag;
-      } else if (key == "StartSite") {
-        record().nStartSite = integer();
-      } else if (key == "MapSize") {
-        record().nMapSize = integer();
-      } else if (key == "DownServers") {
-        record().bDownServers = flag;
-      } else if (key == "Safe") {
-        record().bSafe = flag;
+        const int16_t code = integer();
+        profile().*field = code;
+      } else if (const Setting* s = SettingFor(key)) {
+        // The value is read before the record it goes to is looked up.
+        switch (s->kind) {
+          case SettingKind::Text: record().*s->text = value.text; break;
+          case SettingKind::Flag: record().*s->number = flag; break;
+          case SettingKind::Integer: {
+            const int16_t n = integer();
+            record().*s->number = n;
+            break;
+          }
+          case SettingKind::Profiles: {
+            // Appended in file order whatever number the file gives.
+            std::vector<ControlProfile>& cp = record().cpProfile;
+            nCP = I16(int64_t{UpperBound(cp)} + 1);
+            cp.resize(static_cast<size_t>(nCP) + 1);
+            break;
+          }
+        }
       }
     }
 
@@ -156,8 +146,8 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
     if (opts.Current().bDebug) {
       session.DebugOpen(false, true);
       if (!opts.Current().bDebug) {
-        shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability", 0,
-                      "Error: DebugOpen", "powerup2.mp3");
+        shell.ShowMsg(std::string("Failed to open debug log") + "\n" + "Please check file I/O accessability",
+                      MsgButtons::OkOnly, "Error: DebugOpen", "powerup2.mp3");
         return;
       }
       frmMain.SetMenuChecked(Menu::menUseDL, true);
@@ -180,23 +170,21 @@ void OptionsFile::CorrectSettings() {
     OptionProfile& op = opts.gopOpts[i];
     if (op.cpProfile.empty()) continue;  // a record skipped by a numbering gap stays blank
     const std::string who = " of " + op.szUserName + ": ";
-    auto fix = [&](int16_t& value, int16_t lo, int16_t hi, int16_t def, const char* what) {
-      if (value >= lo && value <= hi) return;
-      fixes += std::string("\n") + what + " " + NumText(int64_t{value}) + who + NumText(int64_t{def}) + " used";
-      value = def;
-    };
-    fix(op.nDiff, 1, 4, 2, "Difficulty");
-    fix(op.nMapSize, 1, 5, 3, "Map size");
-    fix(op.nStartSite, 0, 9, 0, "Starting site");
-    const int16_t nLast = static_cast<int16_t>(op.cpProfile.size() - 1);
-    const int16_t nWas = op.nProfile;
-    fix(op.nProfile, 0, nLast, 1, "Control profile");
-    if (op.nProfile != nWas) op.szProfile = op.cpProfile[1].szName;
+    for (const Setting* s : SettingsBy(&Setting::fixAt)) {
+      int16_t& value = op.*s->number;
+      const int16_t hi = s->hi == kLastProfile ? static_cast<int16_t>(op.cpProfile.size() - 1) : s->hi;
+      if (value >= s->lo && value <= hi) continue;
+      fixes += std::string("\n") + s->fixName + " " + NumText(int64_t{value}) + who +
+               NumText(int64_t{s->numberDefault}) + " used";
+      value = s->numberDefault;
+      // A profile number put back names its profile too.
+      if (s->number == &OptionProfile::nProfile) op.szProfile = op.cpProfile[static_cast<size_t>(op.nProfile)].szName;
+    }
   }
   if (fixes.empty()) return;
   shell.ShowMsg(std::string("Some settings in the options file (") + Options::kFileName +
                     ") are out of range; their defaults are used instead:" + fixes,
-                0, "Options Out of Range", "powerup2.mp3");
+                MsgButtons::OkOnly, "Options Out of Range", "powerup2.mp3");
 }
 
 std::string OptionsFile::OptionsText() const {
@@ -206,25 +194,24 @@ std::string OptionsFile::OptionsText() const {
   for (size_t i = 1; i < opts.gopOpts.size(); ++i) {
     const OptionProfile& op = opts.gopOpts[i];
     out += WriteListLine({"OptionNum", static_cast<int64_t>(i)});
-    out += WriteListLine({"UserName", op.szUserName});
-    out += WriteListLine({"Password", op.szPassword});
-    out += WriteListLine({"ControlProfileNum", op.nProfile});
-    // Every record carries the current player's profile name.
-    out += WriteListLine({"ControlProfileName", opts.Current().szProfile});
-    for (size_t j = 5; j < op.cpProfile.size(); ++j) {
-      const ControlProfile& cp = op.cpProfile[j];
-      out += WriteListLine({"ControlProfileBegin", static_cast<int64_t>(j)});
-      out += WriteListLine({"CPName", cp.szName});
-      for (const CommandField& f : FileKeyOrder()) out += WriteListLine({f.name, cp.*f.field});
+    for (const Setting& s : kSettings) {
+      switch (s.kind) {
+        case SettingKind::Text:
+          out += WriteListLine({s.key, (s.savedFromCurrentPlayer ? opts.Current() : op).*s.text});
+          break;
+        case SettingKind::Integer:
+        case SettingKind::Flag: out += WriteListLine({s.key, op.*s.number}); break;
+        case SettingKind::Profiles:
+          // The temporary and the built-in profiles are never saved.
+          for (size_t j = 5; j < op.cpProfile.size(); ++j) {
+            const ControlProfile& cp = op.cpProfile[j];
+            out += WriteListLine({s.key, static_cast<int64_t>(j)});
+            out += WriteListLine({"CPName", cp.szName});
+            for (const CommandField& f : FileKeyOrder()) out += WriteListLine({f.name, cp.*f.field});
+          }
+          break;
+      }
     }
-    out += WriteListLine({"Debug", op.bDebug});
-    out += WriteListLine({"Diff", op.nDiff});
-    out += WriteListLine({"Grid", op.bGrid});
-    out += WriteListLine({"Sound", op.bSound});
-    out += WriteListLine({"StartSite", op.nStartSite});
-    out += WriteListLine({"MapSize", op.nMapSize});
-    out += WriteListLine({"DownServers", op.bDownServers});
-    out += WriteListLine({"Safe", op.bSafe});
   }
   return out;
 }

@@ -54,7 +54,7 @@ void SelectDialog::cmdOk_Click() {
     if (cmbText.empty()) {
       shell.ShowMsg(std::string("You have not made any selection.") + "\n" +
                         "Please type your selection or choose a selection from the list.  Click 'Cancel' to abort.",
-                    0, "No Selection Made", "powerup2.mp3");
+                    MsgButtons::OkOnly, "No Selection Made", "powerup2.mp3");
       return;
     }
     // The list's own spelling wins over the typed one.

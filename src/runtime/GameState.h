@@ -59,6 +59,8 @@ struct GameState {
   CoordPair gctPlayerPos{-1, -1};
   std::vector<CoordPair> gctVirusPos{CoordPair{}};
   std::vector<CoordPair> gctInfectedPos{CoordPair{}};
+  // No down server is placed in this version: the list stays empty, but the moves and the
+  // virus placement still look it up (CheckDownServers) and the state dump still lists it.
   std::vector<CoordPair> gctDownServerPos{CoordPair{}};
   int16_t gnVirusLive = 0;
   int16_t gnInfectedCount = 0;

@@ -30,6 +30,11 @@ inline Picture PlayerPicture(int16_t nDir) {
   return (nDir >= 1 && nDir <= 9) ? static_cast<Picture>(nDir) : Picture::Player5;
 }
 
+// The message box's button sets, and the answers its buttons give (the classic codes,
+// as the trace lines and the state dump print them). None: no button was pressed yet.
+enum class MsgButtons : int16_t { OkOnly = 0, OkCancel = 1, YesNo = 4 };
+enum class MsgAnswer : int16_t { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+
 // The labels of the information bar that the model writes.
 enum class Label { lblScore, lblHighScore, lblReconnects, lblSitesHit, lblVirus, lblNetLag, lblDiff, lblPUTimer };
 
@@ -99,9 +104,9 @@ class IMainWindow {
   // pbrNetLag, the net-lag bar: draws the bar as the state holds it.
   virtual void ShowLagBar(const ProgBarState& bar) = 0;
 
-  // frmMsgBox: show the dialog modally with button set nButtons (0 OK, 1 OK/Cancel,
-  // 4 Yes/No) and return the answer code (1 OK, 2 Cancel, 6 Yes, 7 No).
-  virtual int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) = 0;
+  // frmMsgBox: show the dialog modally with the button set and return the answer
+  // (None when the box was closed without one).
+  virtual MsgAnswer MsgBox(const std::string& text, MsgButtons nButtons, const std::string& szTitle) = 0;
 
   // mmcSound: the media control. Commands are "Stop", "Close", "Open" and "Play".
   virtual void SetSoundFileName(const std::string& fileName) = 0;

@@ -1,40 +1,45 @@
 #include "runtime/Options.h"
 
+#include <algorithm>
+
 #include "runtime/Checked.h"
 #include "runtime/RuntimeError.h"
 
 namespace sw {
 
 const CommandField kCommandFields[17] = {
-    {"CPMoveUp", &ControlProfile::CPMoveUp},
-    {"CPMoveUpRight", &ControlProfile::CPMoveUpRight},
-    {"CPMoveRight", &ControlProfile::CPMoveRight},
-    {"CPMoveDownRight", &ControlProfile::CPMoveDownRight},
-    {"CPMoveDown", &ControlProfile::CPMoveDown},
-    {"CPMoveDownLeft", &ControlProfile::CPMoveDownLeft},
-    {"CPMoveLeft", &ControlProfile::CPMoveLeft},
-    {"CPMoveUpLeft", &ControlProfile::CPMoveUpLeft},
-    {"CPWait", &ControlProfile::CPWait},
-    {"CPPause", &ControlProfile::CPPause},
-    {"CPAntiVirus", &ControlProfile::CPAntiVirus},
-    {"CPReboot", &ControlProfile::CPReboot},
-    {"CPBackup", &ControlProfile::CPBackup},
-    {"CPRestore", &ControlProfile::CPRestore},
-    {"CPSoftUpgrade", &ControlProfile::CPSoftUpgrade},
-    {"CPDedLine", &ControlProfile::CPDedLine},
-    {"CPLink", &ControlProfile::CPLink},
+    {"CPMoveUp", &ControlProfile::CPMoveUp, "Move Up"},
+    {"CPMoveUpRight", &ControlProfile::CPMoveUpRight, "Move Up Right"},
+    {"CPMoveRight", &ControlProfile::CPMoveRight, "Move Right"},
+    {"CPMoveDownRight", &ControlProfile::CPMoveDownRight, "Move Down Right"},
+    {"CPMoveDown", &ControlProfile::CPMoveDown, "Move Down"},
+    {"CPMoveDownLeft", &ControlProfile::CPMoveDownLeft, "Move Down Left"},
+    {"CPMoveLeft", &ControlProfile::CPMoveLeft, "Move Left"},
+    {"CPMoveUpLeft", &ControlProfile::CPMoveUpLeft, "Move Up Left"},
+    {"CPWait", &ControlProfile::CPWait, "Wait"},
+    {"CPPause", &ControlProfile::CPPause, "Pause"},
+    {"CPAntiVirus", &ControlProfile::CPAntiVirus, "Anti Virus"},
+    {"CPReboot", &ControlProfile::CPReboot, "Reboot"},
+    {"CPBackup", &ControlProfile::CPBackup, "Backup"},
+    {"CPRestore", &ControlProfile::CPRestore, "Restore"},
+    {"CPSoftUpgrade", &ControlProfile::CPSoftUpgrade, "Software Upgrade"},
+    {"CPDedLine", &ControlProfile::CPDedLine, "Dedicated Line"},
+    {"CPLink", &ControlProfile::CPLink, "Link"},
 };
 
 namespace {
 constexpr int16_t kTab = 9, kEnter = 13, kSpace = 32;
 constexpr int16_t K(char c) { return static_cast<int16_t>(c); }
+using S = Setting;
+using OP = OptionProfile;
+constexpr const char* kNumberPad = "Number Pad (Default)";
 }  // namespace
 
 // Fields in profile order: up, up-right, right, down-right, down, down-left, left,
 // up-left, wait, pause, anti-virus, reboot, backup, restore, soft upgrade, dedicated line, link.
 const ControlProfile kBuiltInProfiles[4] = {
-    {"Number Pad (Default)", K('8'), K('9'), K('6'), K('3'), K('2'), K('1'), K('4'), K('7'), K('0'), K('5'), K('a'),
-     K('e'), K('b'), K('r'), K('s'), K('d'), K('+')},
+    {kNumberPad, K('8'), K('9'), K('6'), K('3'), K('2'), K('1'), K('4'), K('7'), K('0'), K('5'), K('a'), K('e'), K('b'),
+     K('r'), K('s'), K('d'), K('+')},
     {"Keyboard Left", K('e'), K('r'), K('f'), K('c'), K('x'), K('z'), K('s'), K('w'), kTab, K('d'), K('1'), K('2'),
      K('3'), K('4'), K('5'), K('6'), kSpace},
     {"Keyboard Right", K('o'), K('p'), K(';'), K('/'), K('.'), K(','), K('k'), K('i'), kTab, K('l'), K('1'), K('2'),
@@ -42,6 +47,38 @@ const ControlProfile kBuiltInProfiles[4] = {
     {"Old School (larn)", K('k'), K('u'), K('l'), K('n'), K('j'), K('b'), K('h'), K('y'), K('/'), K('.'), K('6'),
      K('7'), K('8'), K('9'), K('0'), K('-'), K('p')},
 };
+
+// The trailing numbers are each setting's place among the corrections named in the
+// out-of-range message, and among the state dump's options lines.
+const Setting kSettings[13] = {
+    S::TextOf("UserName", &OP::szUserName, "Guest").Dump("Player Name", 1),
+    S::TextOf("Password", &OP::szPassword, nullptr).Dump("Password", 2),
+    S::IntegerOf("ControlProfileNum", &OP::nProfile, 1).Range(0, kLastProfile, "Control profile", 4),
+    S::TextOf("ControlProfileName", &OP::szProfile, kNumberPad).FromCurrentPlayer(),
+    S::ProfilesOf("ControlProfileBegin"),
+    S::FlagOf("Debug", &OP::bDebug, 0),
+    S::IntegerOf("Diff", &OP::nDiff, 2).Range(1, 4, "Difficulty", 1).Dump("Difficulty", 6),
+    S::FlagOf("Grid", &OP::bGrid, -1).Dump("Grid", 4),
+    S::FlagOf("Sound", &OP::bSound, -1).Dump("Sound", 3),
+    S::IntegerOf("StartSite", &OP::nStartSite, 0).Range(0, 9, "Starting site", 3).Dump("Starting Site", 5),
+    S::IntegerOf("MapSize", &OP::nMapSize, 3).Range(1, 5, "Map size", 2).Dump("Map Size", 7),
+    S::FlagOf("DownServers", &OP::bDownServers, 0).Dump("Down Servers", 8),
+    S::FlagOf("Safe", &OP::bSafe, 0).Dump("Safe Mode", 9),
+};
+
+std::vector<const Setting*> SettingsBy(int Setting::*place) {
+  std::vector<const Setting*> in;
+  for (const Setting& s : kSettings)
+    if (s.*place != 0) in.push_back(&s);
+  std::sort(in.begin(), in.end(), [place](const Setting* a, const Setting* b) { return a->*place < b->*place; });
+  return in;
+}
+
+const Setting* SettingFor(const std::string& key) {
+  for (const Setting& s : kSettings)
+    if (key == s.key) return &s;
+  return nullptr;
+}
 
 Options::Options() { ResetToGuest(); }
 
@@ -79,19 +116,17 @@ void Options::InitControlProfiles(std::vector<ControlProfile>& cpProfile) {
 }
 
 void Options::InitOptionProfile(OptionProfile& op) {
-  // The built-in profiles always go to the last record; both callers pass it.
-  InitControlProfiles(gopOpts.at(static_cast<size_t>(gnOptMax)).cpProfile);
-  op.szUserName = "Guest";
-  op.nProfile = 1;
-  op.szProfile = gopOpts.at(static_cast<size_t>(gnOptMax)).cpProfile[1].szName;
-  op.bDebug = 0;
-  op.nDiff = 2;
-  op.bGrid = -1;
-  op.bSound = -1;
-  op.nStartSite = 0;
-  op.nMapSize = 3;
-  op.bDownServers = 0;
-  op.bSafe = 0;
+  for (const Setting& s : kSettings) {
+    switch (s.kind) {
+      // The built-in profiles always go to the last record; both callers pass it.
+      case SettingKind::Profiles: InitControlProfiles(gopOpts.at(static_cast<size_t>(gnOptMax)).cpProfile); break;
+      case SettingKind::Text:
+        if (s.textDefault != nullptr) op.*s.text = s.textDefault;
+        break;
+      case SettingKind::Integer:
+      case SettingKind::Flag: op.*s.number = s.numberDefault; break;
+    }
+  }
 }
 
 void Options::ResetToGuest() {

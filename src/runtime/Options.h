@@ -32,8 +32,9 @@ struct ControlProfile {
 
 // The seventeen commands, in profile order, with their field names.
 struct CommandField {
-  const char* name;  // "CPMoveUp"
+  const char* name;  // "CPMoveUp": the field, and its key in the options file
   int16_t ControlProfile::*field;
+  const char* label;  // "Move Up": how the state dump names the command
 };
 extern const CommandField kCommandFields[17];
 
@@ -58,6 +59,74 @@ struct OptionProfile {
 
 // The four built-in control profiles, indices 1 to 4 of every record.
 extern const ControlProfile kBuiltInProfiles[4];
+
+// How a setting is kept: as text, as a 16-bit integer, as a flag (-1 true, 0 false),
+// or the record's own control profiles.
+enum class SettingKind : uint8_t { Text, Integer, Flag, Profiles };
+
+// One setting of a player's record: its key in the options file, its member, its kind,
+// a fresh record's value, the range a loaded value must lie in, and its line in the state dump.
+struct Setting {
+  const char* key;
+  SettingKind kind;
+  std::string OptionProfile::*text = nullptr;  // Text
+  int16_t OptionProfile::*number = nullptr;    // Integer, Flag
+  const char* textDefault = nullptr;           // Text: nullptr leaves a fresh record's value as it is
+  int16_t numberDefault = 0;
+  // The options file gives every record the current player's value (the profile name).
+  bool savedFromCurrentPlayer = false;
+  // A loaded value outside lo..hi is named in one message, by fixName, and replaced by the
+  // default; the message names the settings in the order of fixAt (0: no range).
+  int16_t lo = 0, hi = 0;
+  const char* fixName = nullptr;
+  int fixAt = 0;
+  // The state dump's label, in the order of dumpAt (0: not among the dump's options lines).
+  const char* dumpLabel = nullptr;
+  int dumpAt = 0;
+
+  // Row builders for the table.
+  static constexpr Setting TextOf(const char* key, std::string OptionProfile::*m, const char* byDefault) {
+    return {.key = key, .kind = SettingKind::Text, .text = m, .textDefault = byDefault};
+  }
+  static constexpr Setting IntegerOf(const char* key, int16_t OptionProfile::*m, int16_t byDefault) {
+    return {.key = key, .kind = SettingKind::Integer, .number = m, .numberDefault = byDefault};
+  }
+  static constexpr Setting FlagOf(const char* key, int16_t OptionProfile::*m, int16_t byDefault) {
+    return {.key = key, .kind = SettingKind::Flag, .number = m, .numberDefault = byDefault};
+  }
+  static constexpr Setting ProfilesOf(const char* key) { return {.key = key, .kind = SettingKind::Profiles}; }
+  constexpr Setting Range(int16_t from, int16_t to, const char* name, int at) const {
+    Setting s = *this;
+    s.lo = from;
+    s.hi = to;
+    s.fixName = name;
+    s.fixAt = at;
+    return s;
+  }
+  constexpr Setting Dump(const char* label, int at) const {
+    Setting s = *this;
+    s.dumpLabel = label;
+    s.dumpAt = at;
+    return s;
+  }
+  constexpr Setting FromCurrentPlayer() const {
+    Setting s = *this;
+    s.savedFromCurrentPlayer = true;
+    return s;
+  }
+};
+
+// A range's upper end that stands for the record's last control profile.
+constexpr int16_t kLastProfile = -1;
+
+// Every setting of a player's record, once, in record order (the order the options file
+// writes them): the file's reader and writer, a fresh record's defaults, the corrections of
+// a loaded file and the state dump all walk it.
+extern const Setting kSettings[13];
+// The settings that have a place in an order (&Setting::dumpAt or &Setting::fixAt), in it.
+std::vector<const Setting*> SettingsBy(int Setting::*place);
+// The setting a file key names, or nullptr.
+const Setting* SettingFor(const std::string& key);
 
 class Options {
  public:

@@ -40,16 +40,17 @@ bool Shell::Refused() {
   return true;
 }
 
-void Shell::ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle, const std::string& szSound) {
+void Shell::ShowMsg(const std::string& text, MsgButtons nButtons, const std::string& szTitle,
+                    const std::string& szSound) {
   if (dbg.On()) {
     TraceRecord rec = Trace("ShowMsg").In("szTitle", szTitle).In("nButtons", nButtons);
     if (!szSound.empty()) rec.In("szSound", szSound);
     dbg.DebugWrite(rec);
   }
   if (!szSound.empty()) PlaySound(szSound);
-  const int16_t answer = frmMain.MsgBox(text, nButtons, szTitle);
+  const MsgAnswer answer = frmMain.MsgBox(text, nButtons, szTitle);
   // A box closed without a button keeps the last answer.
-  if (answer != 0) gnMsgReturn = answer;
+  if (answer != MsgAnswer::None) gnMsgReturn = answer;
 }
 
 void Shell::PlaySound(const std::string& szFileName) {
@@ -70,8 +71,8 @@ void Shell::ReportError(const std::string& szProc, const RuntimeError& err) {
                        .Var("Err.Description", err.Description())
                        .Note("Run-time error trapped"));
   }
-  ShowMsg("Run-time error '" + NumText(int64_t{err.Number()}) + "':" + "\n" + err.Description(), 0, "Error: " + szProc,
-          "powerup2.mp3");
+  ShowMsg("Run-time error '" + NumText(int64_t{err.Number()}) + "':" + "\n" + err.Description(), MsgButtons::OkOnly,
+          "Error: " + szProc, "powerup2.mp3");
 }
 
 }  // namespace sw

@@ -4,19 +4,20 @@
 #include <cstdint>
 #include <string>
 
+#include "runtime/MainWindow.h"
+
 namespace sw {
 
 struct GameState;
 class Options;
 class TraceLog;
-class IMainWindow;
 class RuntimeError;
 
 class Shell {
  public:
   Shell(GameState& game, Options& opts, TraceLog& dbg, IMainWindow& frmMain);
 
-  int16_t gnMsgReturn = 0;  // the answer of the last message box: 1 OK, 2 Cancel, 6 Yes, 7 No
+  MsgAnswer gnMsgReturn = MsgAnswer::None;  // the answer of the last message box
 
   // A timed pause, or any stretch that must be kept like one: while one lives,
   // gbSleepOn is set, so key presses are dropped and the guarded commands
@@ -38,8 +39,8 @@ class Shell {
   // A command that may not run while a pause runs or Wait is in force: true
   // (after the refusal sound) when it must not run now.
   bool Refused();
-  // The only message box. nButtons: 0 OK, 1 OK/Cancel, 4 Yes/No. Answer in gnMsgReturn.
-  void ShowMsg(const std::string& text, int16_t nButtons, const std::string& szTitle, const std::string& szSound);
+  // The only message box. Answer in gnMsgReturn.
+  void ShowMsg(const std::string& text, MsgButtons nButtons, const std::string& szTitle, const std::string& szSound);
   // Plays a file of the sounds folder, cutting off the last one; nothing while sound is off.
   void PlaySound(const std::string& szFileName);
   // A run-time error caught in procedure szProc: traced, then shown with the

@@ -3,6 +3,7 @@
 // leading blank, booleans as "True"/"False", strings as they are.
 #include <cstdint>
 #include <string>
+#include <type_traits>
 #include <variant>
 
 namespace sw {
@@ -18,6 +19,9 @@ class Value {
   Value(double d) : v_(d) {}
   Value(const char* s) : v_(std::string(s)) {}
   Value(std::string s) : v_(std::move(s)) {}
+  // A named code prints as its number.
+  template <class E>
+  requires std::is_enum_v<E> Value(E e) : v_(int64_t{static_cast<std::underlying_type_t<E>>(e)}) {}
 
   bool IsEmpty() const { return std::holds_alternative<std::monostate>(v_); }
   // The text the concatenation operator gives for this value.

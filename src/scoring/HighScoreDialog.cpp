@@ -126,8 +126,8 @@ void HighScoreDialog::cmdClearCur_Click() {
     shell.ShowMsg(std::string("Are you sure that you want to clear all of ") +
                       (nType == HighScores::kAllTime ? "the all-time" : "your personal") + ", " + szWord +
                       " difficulty webmaster list?",
-                  4, "Clear Current Webmaster List", "question2.mp3");
-    if (shell.gnMsgReturn != 6) return;
+                  MsgButtons::YesNo, "Clear Current Webmaster List", "question2.mp3");
+    if (shell.gnMsgReturn != MsgAnswer::Yes) return;
     if (dbg.On()) {
       dbg.DebugWrite(Trace("frmHighScore.cmdClearCur_Click")
                          .In("nType", Named(nType, kTypeNames[nType]))
@@ -143,9 +143,9 @@ void HighScoreDialog::cmdClearCur_Click() {
 
 void HighScoreDialog::cmdClearAll_Click() {
   try {
-    shell.ShowMsg("Are you sure that you want to clear ALL of the webmaster lists?", 4, "Clear All Webmaster Lists",
-                  "question2.mp3");
-    if (shell.gnMsgReturn != 6) return;
+    shell.ShowMsg("Are you sure that you want to clear ALL of the webmaster lists?", MsgButtons::YesNo,
+                  "Clear All Webmaster Lists", "question2.mp3");
+    if (shell.gnMsgReturn != MsgAnswer::Yes) return;
     if (dbg.On()) dbg.DebugWrite(Trace("frmHighScore.cmdClearAll_Click"));
     hs.ClearAll();
     hs.WriteHighScores();

@@ -59,8 +59,8 @@ void HighScores::CheckHighScore() {
                          .Var("gnGlobalSlot", gnGlobalSlot)
                          .Var("gnPersonalSlot", gnPersonalSlot));
     }
-    shell.ShowMsg(std::string("Well done!  A new high score!") + "\n" + "You shall be added to the webmaster lists!", 0,
-                  "New Webmaster", "comp-webmaster qualify.mp3");
+    shell.ShowMsg(std::string("Well done!  A new high score!") + "\n" + "You shall be added to the webmaster lists!",
+                  MsgButtons::OkOnly, "New Webmaster", "comp-webmaster qualify.mp3");
     AddHighScore();
   } catch (const RuntimeError& err) {
     shell.ReportError("CheckHighScore", err);

@@ -29,8 +29,8 @@ void FileFailed(DebugLog& dbg, Shell& shell, const std::string& szProc, const Ru
   const std::string number = NumText(int64_t{err.Number()});
   if (dbg.On())
     dbg.DebugWrite(Trace(szProc).Note("Failed to open high score file - Error #" + number + " - " + err.Description()));
-  shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), 0, "Error: " + szProc,
-                "powerup2.mp3");
+  shell.ShowMsg("Failed to open high score file\nError #" + number + " - " + err.Description(), MsgButtons::OkOnly,
+                "Error: " + szProc, "powerup2.mp3");
 }
 
 }  // namespace

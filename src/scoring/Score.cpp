@@ -60,51 +60,52 @@ void Score::SetPoints() {
 }
 
 // No error handler here: an overflow passes to the caller.
-void Score::AddPoints(int16_t nEvent) {
+void Score::AddPoints(ScoreEvent nEvent) {
   if (dbg.On()) dbg.DebugWrite(Trace("AddPoints").In("nEvent", nEvent).Var("original glScore", glScore));
 
   const int16_t nDiff = opts.CheckedDiff();
   const size_t d = static_cast<size_t>(nDiff);
-  const bool bValid = nEvent >= 1 && nEvent <= 8;
+  const int16_t n = static_cast<int16_t>(nEvent);
+  const bool bValid = n >= 1 && n <= 8;
   int32_t lBonus = 0;
 
   if (!bValid) {
-    shell.ShowMsg("Invalid score event [" + NumText(int64_t{nEvent}) + "]", 0, "AddPoints Error", "");
+    shell.ShowMsg("Invalid score event [" + NumText(int64_t{n}) + "]", MsgButtons::OkOnly, "AddPoints Error", "");
   } else {
     switch (nEvent) {
-      case 1:
-      case 3:
-      case 4:
-        lBonus = glPoints[static_cast<size_t>(nEvent)];
+      case ScoreEvent::VirusKilled:
+      case ScoreEvent::Plain3:
+      case ScoreEvent::Plain4:
+        lBonus = glPoints[static_cast<size_t>(n)];
         glScore = Add32(glScore, lBonus);
         break;
-      case 2:
+      case ScoreEvent::SiteHit:
         // Grows with the sites already hit (the count before this one).
         lBonus = Add32(glPoints[2], Mul16(Mul16(glScoreMod[d], 2), game.gnSitesHit));
         glScore = Add32(glScore, lBonus);
-        AddPoints(5);
-        AddPoints(6);
-        AddPoints(8);
+        AddPoints(ScoreEvent::NoLinkBonus);
+        AddPoints(ScoreEvent::FewMovesBonus);
+        AddPoints(ScoreEvent::LowLagBonus);
         break;
-      case 5:
+      case ScoreEvent::NoLinkBonus:
         if (game.gbScoreNoLinkSite) {
           lBonus = glPoints[5];
           glScore = Add32(glScore, lBonus);
           shell.ShowMsg(std::string("Amazing!  You hit the site without having to link!") + "\n" + "Bonus " +
                             FormatThousands(lBonus) + " points awarded!",
-                        0, "Bonus Points", "jad0025a3.mp3");
+                        MsgButtons::OkOnly, "Bonus Points", "jad0025a3.mp3");
         }
         break;
-      case 6:
+      case ScoreEvent::FewMovesBonus:
         if (game.gnMoveCount <= 8) {
           lBonus = CLng(static_cast<double>(Mul32(Sub16(10, game.gnMoveCount), glPoints[6])) / 9.0);
           glScore = Add32(glScore, lBonus);
           shell.ShowMsg("Good job!  You hit the site making only " + NumText(int64_t{game.gnMoveCount}) + " moves!" +
                             "\n" + "Bonus " + FormatThousands(lBonus) + " points awarded!",
-                        0, "Bonus Points", "jad0025a3.mp3");
+                        MsgButtons::OkOnly, "Bonus Points", "jad0025a3.mp3");
         }
         break;
-      case 8:
+      case ScoreEvent::LowLagBonus:
         // Easy has no lag, so no low-lag bonus either.
         if (nDiff != 1) {
           switch (game.gbScoreMinLag) {
@@ -116,8 +117,7 @@ void Score::AddPoints(int16_t nEvent) {
           glScore = Add32(glScore, lBonus);
         }
         break;
-      default:  // 7: reserved, scores nothing
-        break;
+      case ScoreEvent::Reserved: break;
     }
     frmMain.SetCaption(Label::lblScore, FormatThousands(glScore));
   }
@@ -131,7 +131,7 @@ void Score::AddPoints(int16_t nEvent) {
       game.gnReconnects = Add16(game.gnReconnects, 1);
       frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
       AddScoreMesg(std::string("Unbelieveable!  You have earned an extra reconnect!") + "\n" + "Keep going, webmaster!",
-                   "comp-extra life.mp3", 0, "Extra Reconnect");
+                   "comp-extra life.mp3", MsgButtons::OkOnly, "Extra Reconnect");
       szExtraName = "gnReconnects (bonus at score: " + FormatThousands(lThreshold) + ")";
       vExtra = game.gnReconnects;
     } else {
@@ -142,7 +142,7 @@ void Score::AddPoints(int16_t nEvent) {
       AddScoreMesg(std::string("This is unheard of!  You have earned an extra reconnect but you already have the "
                                "maximum number of reconnects!") +
                        "\n" + "You get " + FormatThousands(nBonus) + " extra points instead!",
-                   "comp-extra life.mp3", 0, "Extra Reconnect");
+                   "comp-extra life.mp3", MsgButtons::OkOnly, "Extra Reconnect");
       szExtraName = "Extra reconnect bonus (bonus at score: " + NumText(int64_t{lThreshold}) + ")";
       vExtra = nBonus;
       // The bonus itself does not count toward the next threshold.
@@ -159,7 +159,7 @@ void Score::AddPoints(int16_t nEvent) {
   }
 }
 
-void Score::AddScoreMesg(const std::string& szMesg, const std::string& szSound, int32_t msButtons,
+void Score::AddScoreMesg(const std::string& szMesg, const std::string& szSound, MsgButtons msButtons,
                          const std::string& szTitle) {
   gnScoreMesgNum = Add16(gnScoreMesgNum, 1);
   gsmScoreMesg.resize(static_cast<size_t>(gnScoreMesgNum) + 1);
@@ -188,7 +188,7 @@ void Score::WriteScoreMesg() {
   gsmScoreMesg.assign(1, ScoreMesg{});
   for (size_t i = 1; i < queue.size(); ++i) {
     const ScoreMesg& m = queue[i];
-    shell.ShowMsg(m.szMesg, I16(m.msButtons), m.szTitle, m.szSound);
+    shell.ShowMsg(m.szMesg, m.msButtons, m.szTitle, m.szSound);
   }
 }
 

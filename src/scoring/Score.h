@@ -5,18 +5,32 @@
 #include <string>
 #include <vector>
 
+#include "runtime/MainWindow.h"
+
 namespace sw {
 
 class Options;
 class DebugLog;
 class Shell;
 struct GameState;
-class IMainWindow;
+
+// The score events AddPoints takes, each with its base points (3 and 4 are plain events
+// and 7 a reserved one: nothing raises them, but the tables and the state dump keep them).
+enum class ScoreEvent : int16_t {
+  VirusKilled = 1,  // a virus destroyed, by a crash or on an infected server
+  SiteHit = 2,      // raises the three site bonuses below
+  Plain3 = 3,
+  Plain4 = 4,
+  NoLinkBonus = 5,    // the site hit without linking
+  FewMovesBonus = 6,  // the site hit in eight moves or fewer
+  Reserved = 7,       // scores nothing
+  LowLagBonus = 8,    // the site hit with little lag
+};
 
 // One queued score message.
 struct ScoreMesg {
   std::string szMesg;
-  int32_t msButtons = 0;
+  MsgButtons msButtons = MsgButtons::OkOnly;
   std::string szTitle;
   std::string szSound;
 };
@@ -38,8 +52,8 @@ class Score {
   // Sets up the tables, resets the site's scoring flags and the message queue.
   void InitScore();
   void SetPoints();
-  void AddPoints(int16_t nEvent);
-  void AddScoreMesg(const std::string& szMesg, const std::string& szSound, int32_t msButtons,
+  void AddPoints(ScoreEvent nEvent);
+  void AddScoreMesg(const std::string& szMesg, const std::string& szSound, MsgButtons msButtons,
                     const std::string& szTitle);
   void WriteScoreMesg();
 

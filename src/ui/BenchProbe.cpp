@@ -66,9 +66,9 @@ void StartBenchMoves(frmMain& w) {
   if (moves == nullptr) return;
   const int n = std::atoi(moves);
   // Nobody is there to answer: boxes take their default, other dialogs are closed.
-  frmMsgBox::testAnswer = [](frmMsgBox& box) -> int16_t {
+  frmMsgBox::testAnswer = [](frmMsgBox& box) {
     ++boxes;
-    return box.cmdYes->isVisibleTo(&box) ? 6 : 1;
+    return box.cmdYes->isVisibleTo(&box) ? sw::MsgAnswer::Yes : sw::MsgAnswer::Ok;
   };
   auto* closer = new QTimer(&w);
   QObject::connect(closer, &QTimer::timeout, [] {

@@ -271,10 +271,10 @@ void frmMain::ShowLagBar(const sw::ProgBarState& bar) {
 
 void frmMain::Announce(const std::string& text) { announcer->Say(QString::fromStdString(text)); }
 
-int16_t frmMain::MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) {
+sw::MsgAnswer frmMain::MsgBox(const std::string& text, sw::MsgButtons nButtons, const std::string& szTitle) {
   frmMsgBox box(DialogParent(), widthTw_);
   box.Setup(QString::fromStdString(text), nButtons, QString::fromStdString(szTitle));
-  const int16_t answer = box.ShowModal();
+  const sw::MsgAnswer answer = box.ShowModal();
   ReturnFocus();
   return answer;
 }

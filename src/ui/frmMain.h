@@ -66,7 +66,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void SetLabelColors(sw::Label lbl, uint32_t backColor, uint32_t foreColor) override;
   void SetLabelForeColor(sw::Label lbl, uint32_t foreColor) override;
   void ShowLagBar(const sw::ProgBarState& bar) override;
-  int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
+  sw::MsgAnswer MsgBox(const std::string& text, sw::MsgButtons nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override;
   void SoundCommand(const std::string& command) override;
   void SetPointer(sw::Pointer p) override;

@@ -12,7 +12,7 @@
 
 namespace swui {
 
-std::function<int16_t(frmMsgBox&)> frmMsgBox::testAnswer;
+std::function<sw::MsgAnswer(frmMsgBox&)> frmMsgBox::testAnswer;
 std::optional<QMargins> frmMsgBox::testFrame;
 QMargins frmMsgBox::lastFrame_;
 
@@ -40,7 +40,7 @@ int frmMsgBox::TitleBarWidth(const QString& title) const {
 }
 
 frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW,
-                                           int32_t windowW, int16_t nButtons) {
+                                           int32_t windowW, sw::MsgButtons nButtons) {
   Layout l;
   l.lblWidth = textW;
   l.lblHeight = textH;
@@ -55,12 +55,12 @@ frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t
   const int32_t W = l.lblWidth;
   int32_t minWidth = 0;
   switch (nButtons) {
-    case 0:
+    case sw::MsgButtons::OkOnly:
       l.nButtons = 1;
       minWidth = 1595;
       break;
-    case 1:
-    case 4:
+    case sw::MsgButtons::OkCancel:
+    case sw::MsgButtons::YesNo:
       l.nButtons = 2;
       minWidth = 2950;
       break;
@@ -88,17 +88,17 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   setModal(true);
   setSizeGripEnabled(false);
 
-  auto makeButton = [this](const char* name, const char* caption, int16_t code) {
+  auto makeButton = [this](const char* name, const char* caption, sw::MsgAnswer code) {
     auto* b = new QPushButton(QString::fromUtf8(caption), this);
     b->setObjectName(name);
     b->hide();
     connect(b, &QPushButton::clicked, this, [this, code] { Answered(code); });
     return b;
   };
-  cmdCancel = makeButton("cmdCancel", "&Cancel", 2);
-  cmdNo = makeButton("cmdNo", "&No", 7);
-  cmdYes = makeButton("cmdYes", "&Yes", 6);
-  cmdOK = makeButton("cmdOK", "&Ok", 1);
+  cmdCancel = makeButton("cmdCancel", "&Cancel", sw::MsgAnswer::Cancel);
+  cmdNo = makeButton("cmdNo", "&No", sw::MsgAnswer::No);
+  cmdYes = makeButton("cmdYes", "&Yes", sw::MsgAnswer::Yes);
+  cmdOK = makeButton("cmdOK", "&Ok", sw::MsgAnswer::Ok);
 
   lblTitleTest = new QLabel(this);
   lblTitleTest->setObjectName("lblTitleTest");
@@ -115,7 +115,7 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   lblMesg->setAlignment(Qt::AlignLeft | Qt::AlignTop);
 }
 
-void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTitle) {
+void frmMsgBox::Setup(const QString& text, sw::MsgButtons nButtons, const QString& szTitle) {
   setWindowTitle(szTitle);
   lblTitleTest->setText(szTitle);
   lblMesg->setText(text);
@@ -144,12 +144,12 @@ void frmMsgBox::Setup(const QString& text, int16_t nButtons, const QString& szTi
 
   QPushButton* shown[2] = {nullptr, nullptr};
   switch (nButtons) {
-    case 0: shown[0] = cmdOK; break;
-    case 1:
+    case sw::MsgButtons::OkOnly: shown[0] = cmdOK; break;
+    case sw::MsgButtons::OkCancel:
       shown[0] = cmdOK;
       shown[1] = cmdCancel;
       break;
-    case 4:
+    case sw::MsgButtons::YesNo:
       shown[0] = cmdYes;
       shown[1] = cmdNo;
       break;
@@ -195,8 +195,8 @@ bool frmMsgBox::event(QEvent* e) {
   return handled;
 }
 
-int16_t frmMsgBox::ShowModal() {
-  answer_ = 0;
+sw::MsgAnswer frmMsgBox::ShowModal() {
+  answer_ = sw::MsgAnswer::None;
   if (testAnswer) return testAnswer(*this);
   // Centred over the main window.
   if (QWidget* owner = parentWidget()) {
@@ -207,9 +207,9 @@ int16_t frmMsgBox::ShowModal() {
   return answer_;
 }
 
-void frmMsgBox::Answered(int16_t code) {
+void frmMsgBox::Answered(sw::MsgAnswer code) {
   answer_ = code;
-  done(code);
+  done(static_cast<int>(code));
 }
 
 void frmMsgBox::reject() {

@@ -9,6 +9,7 @@
 #include <functional>
 #include <optional>
 
+#include "runtime/MainWindow.h"
 #include "ui/Twips.h"
 
 class QLabel;
@@ -45,7 +46,7 @@ class frmMsgBox : public QDialog {
   // textW x textH: the message on its own lines; wrappedH: its height when
   // wrapped at windowW; titleW: the title's width; all in twips.
   static Layout ComputeLayout(int32_t textW, int32_t textH, int32_t wrappedH, int32_t titleW, int32_t windowW,
-                              int16_t nButtons);
+                              sw::MsgButtons nButtons);
 
   // The frame that the window system puts around a box (title bar and
   // borders), in pixels: what the last box shown really had, else what the
@@ -63,18 +64,18 @@ class frmMsgBox : public QDialog {
 
   // Caption, message, button set and geometry. The layout's width and height
   // are the outer size of the box, frame included.
-  void Setup(const QString& text, int16_t nButtons, const QString& szTitle);
-  // Shows the box modally; the answer code, or 0 when no button was pressed.
-  int16_t ShowModal();
+  void Setup(const QString& text, sw::MsgButtons nButtons, const QString& szTitle);
+  // Shows the box modally; the answer, or None when no button was pressed.
+  sw::MsgAnswer ShowModal();
 
   const Layout& layout() const { return layout_; }
-  int16_t Answer() const { return answer_; }
+  sw::MsgAnswer Answer() const { return answer_; }
   QPushButton* DefaultButton() const { return defaultButton_; }
   QPushButton* CancelButton() const { return cancelButton_; }
   const Twips& twips() const { return tw_; }
 
   // Tests: when set, ShowModal asks this for the answer instead of running the dialog.
-  static std::function<int16_t(frmMsgBox&)> testAnswer;
+  static std::function<sw::MsgAnswer(frmMsgBox&)> testAnswer;
 
   QPushButton* cmdCancel;
   QPushButton* cmdNo;
@@ -93,12 +94,12 @@ class frmMsgBox : public QDialog {
   // Sizes the inside so that the box with its frame has the layout's size.
   void FitFrame(const QMargins& frame);
 
-  void Answered(int16_t code);
+  void Answered(sw::MsgAnswer code);
 
   Twips tw_;
   int32_t ownerWidth_;
   Layout layout_;
-  int16_t answer_ = 0;
+  sw::MsgAnswer answer_ = sw::MsgAnswer::None;
   QPushButton* defaultButton_ = nullptr;
   QPushButton* cancelButton_ = nullptr;
   QMargins frame_;

@@ -77,7 +77,7 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   for (const char* run : {"run 1", "run 2"}) a.sw.session.DebugOpen(false, true), dbg.Print(run), dbg.DebugExit();
   const std::string two = Slurp(DebugLog::kFileName);
   EXPECT_LT(two.find("run 1"), two.find("run 2"));
-  a.w.answers = {6, 7, 7};
+  a.w.answers = {MsgAnswer::Yes, MsgAnswer::No, MsgAnswer::No};
   a.sw.session.DebugClose();  // kept
   EXPECT_EQ(Slurp(DebugLog::kFileName), two);
   a.sw.session.DebugOpen(false, true);
@@ -88,7 +88,8 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   for (int i = 0; i < 2; ++i) a.sw.session.DebugClose();  // the second time it is already gone: asked, not reported
   EXPECT_FALSE(std::filesystem::exists(DebugLog::kFileName));
   EXPECT_EQ(Shown(a.w), std::vector<std::string>(3, "Close Log File: Would you like to save the existing log file?"));
-  EXPECT_EQ(std::to_string(a.w.messages.at(0).nButtons) + LastSound(a.w), "4.\\sounds\\comp-save debug log.mp3");
+  EXPECT_EQ(std::to_string(static_cast<int>(a.w.messages.at(0).nButtons)) + LastSound(a.w),
+            "4.\\sounds\\comp-save debug log.mp3");
 
   // Opening fails: logging off, the menu entry unchecked; reported unless quiet (the report: OptionsTest).
   std::filesystem::create_directory(DebugLog::kFileName);

@@ -14,16 +14,27 @@ TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
   b.g.gnLag = 8;
   b.g.pbrNetLag.BarColor = color::Red;
   b.g.gnColorLag = 2;
+  OptionProfile& op = b.sw.opts.Current();
+  op.szPassword = "pw";
+  op.nStartSite = 4;
+  op.bDownServers = -1;
   b.sw.menu.menUseDL_Click();
   const std::string log = Slurp(DebugLog::kFileName);
   const size_t start = log.find("\nBegin: DebugWriteAll\r\n");
   EXPECT_LT(log.find("| SKITTERWEB"), start);
   const std::string dump = log.substr(start);
   EXPECT_TRUE(dump.ends_with("\r\nEnd: DebugWriteAll\r\n"));
-  for (const char* line : {"Option Profile=0 (max=0)", "Map Size=3(14,24)", "Move Up=56='8'", "Virus Live=2",
-                           "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25", "Linked On Current Site=0",
-                           "Lag Severity=2  (Color=red)", "Player Position=(3,5)", "     Virus #1 Position=(1,7)",
-                           "     Virus #2 Position=(12,20)", "     Infected #1 Position=(9,9)"})
+  // The player's settings and the keys in use, in the dump's own order.
+  EXPECT_NE(
+      dump.find("\n---Options---\r\nOption Profile=0 (max=0)\r\nPlayer Name=Guest\r\nPassword=pw\r\n"
+                "Sound=0\r\nGrid=-1\r\nStarting Site=4\r\nDifficulty=3\r\nMap Size=3(14,24)\r\n"
+                "Down Servers=-1\r\nSafe Mode=0\r\nGame Number=1\r\n---Commands (selected)---\r\n"
+                "Control Profile=Number Pad (Default) [Profile #1]\r\nMove Up=56='8'\r\nMove Up Right=57='9'\r\n"),
+      std::string::npos);
+  for (const char* line :
+       {"Link=43='+'", "Virus Live=2", "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25",
+        "Linked On Current Site=0", "Lag Severity=2  (Color=red)", "Player Position=(3,5)",
+        "     Virus #1 Position=(1,7)", "     Virus #2 Position=(12,20)", "     Infected #1 Position=(9,9)"})
     EXPECT_NE(dump.find("\n" + std::string(line) + "\r\n"), std::string::npos) << line;
   EXPECT_EQ(dump.find("\nMessage("), std::string::npos);
 }

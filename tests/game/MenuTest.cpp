@@ -14,7 +14,7 @@ const char* const kNewGame =
     "Do you want to end the current game?";
 
 // The player's answers to the coming message boxes, and what the boxes said.
-std::vector<std::string> Answered(Board& b, std::initializer_list<int16_t> answers, const std::function<void()>& f) {
+std::vector<std::string> Answered(Board& b, std::initializer_list<MsgAnswer> answers, const std::function<void()>& f) {
   b.w.messages.clear();
   b.w.answers = answers;
   f();
@@ -49,13 +49,13 @@ TEST(MenuTest, CommandsThatEndTheGameAskFirst) {
        {2, 0, 1, 0, 1}},
   };
   for (const auto& c : cases) {
-    for (int16_t answer : {7, 6}) {
-      SCOPED_TRACE(std::string(c.ask) + (answer == 6 ? " Yes" : " No"));
+    for (MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+      SCOPED_TRACE(std::string(c.ask) + (answer == MsgAnswer::Yes ? " Yes" : " No"));
       Board b;
       EXPECT_EQ(Answered(b, {answer}, [&] { c.click(b.sw.menu); }), std::vector<std::string>{c.ask});
       EXPECT_EQ(
           Ints({b.sw.opts.Current().nDiff, b.sw.opts.Current().nStartSite, b.g.gnGameNum, b.g.gnSitesHit, b.w.ended}),
-          answer == 6 ? c.yes : c.no);
+          answer == MsgAnswer::Yes ? c.yes : c.no);
     }
   }
 }
@@ -66,10 +66,10 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
   Board b;
   MainMenu& m = b.sw.menu;
   b.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 12345;
-  Answered(b, {6}, [&] { m.menDiffLevel_Click(3); });
+  Answered(b, {MsgAnswer::Yes}, [&] { m.menDiffLevel_Click(3); });
   EXPECT_EQ(Ints({b.w.checked[Menu::menDiffLevel2], b.w.checked[Menu::menDiffLevel3]}), Ints({0, 1}));
   EXPECT_EQ(b.Caption(Label::lblDiff) + " " + b.Caption(Label::lblHighScore), "Hard 12,345");
-  Answered(b, {7}, [&] { m.menStartSiteNum_Click(4); });
+  Answered(b, {MsgAnswer::No}, [&] { m.menStartSiteNum_Click(4); });
   EXPECT_TRUE(Answered(b, {}, [&] {
                 m.menDiffLevel_Click(3);
                 m.menStartSiteNum_Click(4);
@@ -85,7 +85,7 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
   Board b;
   MainMenu& m = b.sw.menu;
   m.menUseDL_Click();
-  b.w.answers = {6};
+  b.w.answers = {MsgAnswer::Yes};
   m.menUseDL_Click();                        // off, the log kept
   EXPECT_EQ(b.sw.opts.Current().bDebug, 0);  // and off in the options saved
 

@@ -24,7 +24,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
     Cells viruses;
     char key;
     int16_t reconnects;
-    std::deque<int16_t> answers;
+    std::deque<MsgAnswer> answers;  // empty: each box answered by its default button
     const char* news;
   } cases[] = {
       {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
@@ -32,7 +32,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
       {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
       {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died. Whisk at #, #. 7 viruses, nearest *."},
       {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit. Whisk at #, #. 8 viruses, nearest *."},
-      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {1, 6}, "Game over. New game. Whisk at #, #. 7 viruses*"},
+      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {}, "Game over. New game. Whisk at #, #. 7 viruses*"},
       {"link", At(5, 5), {At(23, 13)}, '+', 2, {}, "Whisk at #, #. 1 virus, nearest *. lag: yellow."},
   };
   for (const auto& c : cases) {

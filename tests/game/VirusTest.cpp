@@ -64,11 +64,11 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     if (c.key)
       b.Key(c.key);
     else
-      b.eng.PlayerDead(9);
+      b.eng.PlayerDead(static_cast<DeathCause>(9));
     EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
     // A reconnect spent, and the same site laid out again.
-    EXPECT_EQ(Ints({b.w.messages.at(0).nButtons, b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive, b.g.gnInfectedCount,
-                    b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
+    EXPECT_EQ(Ints({static_cast<int>(b.w.messages.at(0).nButtons), b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive,
+                    b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
               Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
     EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
@@ -76,24 +76,25 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
 }
 
 TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
-  for (int16_t answer : {7, 6}) {
-    SCOPED_TRACE(answer);
+  for (MsgAnswer answer : {MsgAnswer::No, MsgAnswer::Yes}) {
+    SCOPED_TRACE(answer == MsgAnswer::Yes ? "Yes" : "No");
     Board b(2, At(5, 5), {At(5, 4)});
     b.g.gnReconnects = 0;
     b.g.gnSitesHit = 4;
     b.sc.glScore = 4321;  // enough for the webmaster lists: their box comes before the question
-    b.w.answers = {1, 1, answer};
+    b.w.answers = {MsgAnswer::Ok, MsgAnswer::Ok, answer};
     b.Key('8');
     const std::vector<std::string> shown = Shown(b.w);
     ASSERT_EQ(shown.size(), 3u);
     EXPECT_EQ(shown[0] + shown[2],
               "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
               "irretrievable! Game Over!Play again?: Would you like to play another game?");
-    EXPECT_EQ(b.w.messages.at(2).nButtons, 4);
+    EXPECT_EQ(b.w.messages.at(2).nButtons, MsgButtons::YesNo);
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
     EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn, b.g.gnReconnects, b.Caption(Label::lblReconnects)),
-              answer == 6 ? std::make_tuple(2, -1, 2, std::string("2")) : std::make_tuple(1, 0, -1, std::string("-")));
-    if (answer == 7) {
+              answer == MsgAnswer::Yes ? std::make_tuple(2, -1, 2, std::string("2"))
+                                       : std::make_tuple(1, 0, -1, std::string("-")));
+    if (answer == MsgAnswer::No) {
       EXPECT_EQ(std::make_pair(int(b.g.gnMoveCount), b.w.At(5, 4)), std::make_pair(1, Picture::Death));
     }
   }

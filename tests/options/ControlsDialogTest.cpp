@@ -60,7 +60,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.d.cmbKey[kUp].text.clear();
     c.d.cmbKey_LostFocus(kUp);
     EXPECT_EQ(c.d.cmbKey[kUp].text, "2");
-    c.w.answers = {7};  // Set: not saved, the temporary profile plays
+    c.w.answers = {MsgAnswer::No};  // Set: not saved, the temporary profile plays
     c.d.cmdOK_Click();
   });
   const ControlProfile& temp = c.op.cpProfile[0];
@@ -89,32 +89,35 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
   c.Visit([&] {
     c.d.cmbKey_Change(kUp, "q");
     c.names = {"ARROWS"};
-    c.w.answers = {6};
+    c.w.answers = {MsgAnswer::Yes};
     c.d.cmdSaveProfile_Click();
     EXPECT_EQ(c.sel.gszSelect + " " + std::to_string(c.sel.gnSelIndex), "Arrows 0");
     EXPECT_EQ(Ints({int(c.op.cpProfile.size()), c.op.cpProfile[5].CPMoveUp}), Ints({6, 'q'}));
-    c.w.answers = {6};
+    c.w.answers = {MsgAnswer::Yes};
     c.d.cmdDelProfile_Click();
     EXPECT_EQ(Ints({int(c.op.cpProfile.size()), c.op.nProfile, c.d.nProfileIndex}), Ints({5, 1, 0}));
     EXPECT_EQ(c.op.szProfile + " " + c.d.cmbKey[kUp].text, "Number Pad (Default) 8");
     c.d.cmdOK_Click();
   });
-  for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, m.szTitle == "Invalid Profile Name" ? 0 : 4);
+  for (const ShownMsg& m : c.w.messages)
+    EXPECT_EQ(m.nButtons, m.szTitle == "Invalid Profile Name" ? MsgButtons::OkOnly : MsgButtons::YesNo);
 }
 
 // Picking a profile, or OK, while the keys are temporary asks Yes/No first, and only Yes opens the name
 // dialog; Cancel puts back the profile the visit began with and stores no key. (No to OK: the first test.)
 TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit) {
   const struct {
-    int answer, shown, selects, profiles, nProfile;
+    MsgAnswer answer;
+    int shown, selects, profiles, nProfile;
     std::string name;
     int up;
   } cases[] = {
-      {6, 2, 2, 7, 6, "Two", 'q'},           // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
-      {2, 1, 0, 5, 3, "Keyboard Right", 0},  // No to the first question, then Cancel
+      // Yes: saved as Mine first, then profile 2 picked; OK saves as Two
+      {MsgAnswer::Yes, 2, 2, 7, 6, "Two", 'q'},
+      {MsgAnswer::Cancel, 1, 0, 5, 3, "Keyboard Right", 0},  // No to the first question, then Cancel
   };
   for (const auto& t : cases) {
-    SCOPED_TRACE(t.answer);
+    SCOPED_TRACE(t.name);
     Controls c;
     c.op.nProfile = 3;
     c.op.szProfile = "Keyboard Right";
@@ -122,23 +125,23 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
       EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
       c.d.cmbKey_Change(kUp, "w");
       c.names = {"Mine", "Two"};
-      c.w.answers = {int16_t(t.answer == 6 ? 6 : 7)};
+      c.w.answers = {t.answer == MsgAnswer::Yes ? MsgAnswer::Yes : MsgAnswer::No};
       c.d.cmbProfile_Click(1);
       EXPECT_EQ(c.op.nProfile, 2);
       c.d.cmbKey_Change(kUp, "q");
-      c.w.answers = {int16_t(t.answer)};
-      if (t.answer == 2)
+      c.w.answers = {t.answer};
+      if (t.answer == MsgAnswer::Cancel)
         c.d.cmdCancel_Click();
       else
         c.d.cmdOK_Click();
     });
     EXPECT_EQ(Shown(c.w).at(0).rfind("Select New Profile: ", 0), 0u);
-    for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, 4) << m.szTitle;
+    for (const ShownMsg& m : c.w.messages) EXPECT_EQ(m.nButtons, MsgButtons::YesNo) << m.szTitle;
     EXPECT_EQ(int(c.w.messages.size()), t.shown);
     EXPECT_EQ(std::count(c.w.dialogs.begin(), c.w.dialogs.end(), Dialog::frmSelect), t.selects);
     ASSERT_EQ(int(c.op.cpProfile.size()), t.profiles);
     EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, std::to_string(t.nProfile) + " " + t.name);
-    EXPECT_EQ(c.op.cpProfile[t.answer == 6 ? 6 : 0].CPMoveUp, t.up);
+    EXPECT_EQ(c.op.cpProfile[t.answer == MsgAnswer::Yes ? 6 : 0].CPMoveUp, t.up);
   }
 }
 

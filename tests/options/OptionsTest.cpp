@@ -194,9 +194,6 @@ TEST(OptionsFile, FailedSavesGoToTheCallerAndLeaveTheOldFile) {
   EXPECT_EQ(fs::status(Options::kFileName).permissions() & fs::perms::all,
             fs::perms::owner_read | fs::perms::owner_write);  // it holds passwords
   EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.optsFile.SaveOptions(); }); }), 70);
-  a.sw.opts.gnOpt = 30;  // the profile name comes from a record that does not exist
-  EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 9);
-  a.sw.opts.gnOpt = 1;
   fs::permissions(Options::kFileName, fs::perms::owner_read);  // read-only: refused, left as it is
   EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 70);
   // None of them changed the old file or left anything beside it.
@@ -210,12 +207,12 @@ TEST(OptionsFile, SettingsOutOfRangeAreReportedOnceAndReplaced) {
   // Out of range in two records: each named once, in one box; everything else of the file kept.
   Loaded l(R"("LastOption"," 2"|"OptionNum",1|"UserName","Ann"|"Diff",0|"StartSite",12|"Grid",0|)"
            R"("OptionNum",2|"UserName","Bob"|"ControlProfileBegin",5|"CPName","Mine"|"CPMoveUp",113|)"
-           R"("ControlProfileNum",9|"MapSize",-1|"Diff",9)");
+           R"("ControlProfileNum",9|"MapSize",-1|"Diff",9|"StartSite",10)");
   ASSERT_EQ(Shown(l.w).size(), 1u);
   EXPECT_EQ(Shown(l.w)[0],
             "Options Out of Range: Some settings in the options file (sw.opt) are out of range; their defaults are "
             "used instead:\nDifficulty 0 of Ann: 2 used\nStarting site 12 of Ann: 0 used\nDifficulty 9 of Bob: 2 "
-            "used\nMap size -1 of Bob: 3 used\nControl profile 9 of Bob: 1 used");
+            "used\nMap size -1 of Bob: 3 used\nStarting site 10 of Bob: 0 used\nControl profile 9 of Bob: 1 used");
   EXPECT_EQ(std::vector<int>({l.Rec(1).nDiff, l.Rec(1).nStartSite, l.Rec(1).bGrid, l.Rec(2).nDiff, l.Rec(2).nMapSize,
                               l.Rec(2).nProfile}),
             std::vector<int>({2, 0, 0, 2, 3, 1}));

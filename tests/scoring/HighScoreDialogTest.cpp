@@ -52,7 +52,7 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   b.w.onDialog = [&](Dialog) {
     d.optType_Click(0);
     d.optDiff_Click(3);
-    b.w.answers = {7, 7};
+    b.w.answers = {MsgAnswer::No, MsgAnswer::No};
     d.cmdClearCur_Click();
     d.cmdClearAll_Click();
     EXPECT_EQ(b.sw.hs.PlainText(), before);
@@ -63,7 +63,7 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
                               "lists?"}));
     EXPECT_EQ(LastSound(b.w), ".\\sounds\\question2.mp3");
 
-    b.w.answers = {6};
+    b.w.answers = {MsgAnswer::Yes};
     d.cmdClearCur_Click();  // the personal hard list only, shown again at once
     EXPECT_EQ(d.rows[1].txtName + d.rows[1].lblScore, "0");
     d.cmdDone_Click();

@@ -16,28 +16,31 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
   EXPECT_EQ(b.sc.glExtraLifeBonus, (std::array<int32_t, 5>{0, 2000, 10000, 25000, 60000}));
 
   const std::string bonus = "Bonus Points: ";
+  using E = ScoreEvent;
   const struct {
-    int16_t diff, event, sites, noLink, moves, minLag;
+    ScoreEvent event;
+    int16_t diff, sites, noLink, moves, minLag;
     int32_t points;
     std::string shown;
-  } cases[] = {
-      {2, 2, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
-      {2, 5, 0, 0, 0, 1, 0, ""},
-      {1, 6, 0, -1, 8, 1, 10, bonus + "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!"},
-      {1, 6, 0, -1, 9, 1, 0, ""},
-      // (10 - moves) / 9 of the bonus, halves to the even neighbour.
-      {1, 6, 0, -1, 7, 1, 15, bonus + "Good job!  You hit the site making only 7 moves!\nBonus 15 points awarded!"},
-      {2, 8, 0, -1, 0, 1, 40, ""},
-      {2, 8, 0, -1, 0, 2, 20, ""},
-      {2, 8, 0, -1, 0, 3, 10, ""},
-      {2, 8, 0, -1, 0, 4, 0, ""},
-      {1, 8, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
-      {1, 3, 0, -1, 0, 1, 1, ""},
-      {1, 4, 0, -1, 0, 1, 2, ""},
-      {1, 7, 0, -1, 0, 1, 0, ""},
-      {2, 9, 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
+  } cases[] = {{E::SiteHit, 2, 2, 0, 9, 4, 120, ""},  // the site grows with the sites already hit
+               {E::NoLinkBonus, 2, 0, 0, 0, 1, 0, ""},
+               {E::FewMovesBonus, 1, 0, -1, 8, 1, 10,
+                bonus + "Good job!  You hit the site making only 8 moves!\nBonus 10 points awarded!"},
+               {E::FewMovesBonus, 1, 0, -1, 9, 1, 0, ""},
+               // (10 - moves) / 9 of the bonus, halves to the even neighbour.
+               {E::FewMovesBonus, 1, 0, -1, 7, 1, 15,
+                bonus + "Good job!  You hit the site making only 7 moves!\nBonus 15 points awarded!"},
+               {E::LowLagBonus, 2, 0, -1, 0, 1, 40, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 2, 20, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 3, 10, ""},
+               {E::LowLagBonus, 2, 0, -1, 0, 4, 0, ""},
+               {E::LowLagBonus, 1, 0, -1, 0, 1, 0, ""},  // easy never pays the lag bonus
+               {E::Plain3, 1, 0, -1, 0, 1, 1, ""},
+               {E::Plain4, 1, 0, -1, 0, 1, 2, ""},
+               {E::Reserved, 1, 0, -1, 0, 1, 0, ""},
+               {static_cast<E>(9), 2, 0, -1, 0, 1, 0, "AddPoints Error: Invalid score event [9]"}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(std::to_string(c.diff) + "/" + std::to_string(c.event) + "/" + std::to_string(c.moves));
+    SCOPED_TRACE(testing::Message() << "row " << &c - cases);
     Board p(c.diff);
     p.g.gnSitesHit = c.sites;
     p.g.gbScoreNoLinkSite = c.noLink;
@@ -52,7 +55,7 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
 TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
   Board b;  // normal: one every 10,000
   b.sc.glScore = 25000;
-  for (int i = 0; i < 3; ++i) b.sc.AddPoints(1);
+  for (int i = 0; i < 3; ++i) b.sc.AddPoints(ScoreEvent::VirusKilled);
   EXPECT_EQ(Ints({b.g.gnReconnects, b.sc.glNextExtraLife}), Ints({4, 30000}));
   EXPECT_EQ(b.Caption(Label::lblReconnects), "4");
   b.sc.WriteScoreMesg();
@@ -65,7 +68,7 @@ TEST(ScoreTest, ExtraReconnectsAreQueuedOnePerCall) {
   b.w.messages.clear();
   b.g.gnReconnects = 5;
   b.sc.glScore = b.sc.glNextExtraLife = 10000;
-  b.sc.AddPoints(1);
+  b.sc.AddPoints(ScoreEvent::VirusKilled);
   EXPECT_EQ(Ints({b.sc.glScore, b.sc.glNextExtraLife, b.g.gnReconnects}), Ints({10000 + 15 + 7500, 10000 + 17500, 5}));
   b.sc.WriteScoreMesg();
   EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Extra Reconnect: This is unheard of!  You have earned an extra "

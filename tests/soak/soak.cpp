@@ -48,9 +48,10 @@ int main(int argc, char* argv[]) {
   uitest::FreshDir dir;
 
   // Message boxes: any of the buttons shown.
-  swui::frmMsgBox::testAnswer = [&](swui::frmMsgBox& box) -> int16_t {
-    if (box.cmdYes->isVisibleTo(&box)) return pick(2) ? 6 : 7;
-    return box.cmdCancel->isVisibleTo(&box) && pick(2) == 0 ? 2 : 1;
+  swui::frmMsgBox::testAnswer = [&](swui::frmMsgBox& box) {
+    using sw::MsgAnswer;
+    if (box.cmdYes->isVisibleTo(&box)) return pick(2) ? MsgAnswer::Yes : MsgAnswer::No;
+    return box.cmdCancel->isVisibleTo(&box) && pick(2) == 0 ? MsgAnswer::Cancel : MsgAnswer::Ok;
   };
 
   SoakWindow w;

@@ -14,10 +14,10 @@ int FakeWindow::Count(Picture p) const {
   return n;
 }
 
-int16_t FakeWindow::MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) {
+MsgAnswer FakeWindow::MsgBox(const std::string& text, MsgButtons nButtons, const std::string& szTitle) {
   if (record) messages.push_back({text, nButtons, szTitle});
-  if (answers.empty()) return nButtons == 4 ? 6 : 1;
-  const int16_t a = answers.front();
+  if (answers.empty()) return nButtons == MsgButtons::YesNo ? MsgAnswer::Yes : MsgAnswer::Ok;
+  const MsgAnswer a = answers.front();
   answers.pop_front();
   return a;
 }

@@ -16,7 +16,7 @@ namespace sw::test {
 
 struct ShownMsg {
   std::string text;
-  int16_t nButtons;
+  MsgButtons nButtons;
   std::string szTitle;
 };
 
@@ -32,7 +32,7 @@ class FakeWindow : public IMainWindow {
   // What the player does in a dialog while it is shown (nothing: it is simply closed).
   std::function<void(Dialog)> onDialog;
   std::vector<ShownMsg> messages;
-  std::deque<int16_t> answers;      // scripted answers; when empty, the default button's code
+  std::deque<MsgAnswer> answers;    // scripted answers; when empty, the default button's
   std::vector<std::string> sounds;  // file names opened
   std::vector<int32_t> sleeps;
   std::map<Menu, bool> checked, enabled;
@@ -52,7 +52,7 @@ class FakeWindow : public IMainWindow {
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
   void SetLabelForeColor(Label, uint32_t) override {}
   void ShowLagBar(const ProgBarState& b) override { bar = b; }
-  int16_t MsgBox(const std::string& text, int16_t nButtons, const std::string& szTitle) override;
+  MsgAnswer MsgBox(const std::string& text, MsgButtons nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override { pendingSound_ = fileName; }
   void SoundCommand(const std::string& command) override {
     if (record && command == "Open") sounds.push_back(pendingSound_);

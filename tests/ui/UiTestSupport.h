@@ -32,11 +32,12 @@ inline bool Mapped(const char* name) { return ReadFile("/proc/self/maps").contai
 // unless `next` holds another answer for the next box.
 struct ScriptedBoxes {
   QStringList titles;
-  int16_t next = 0;
+  sw::MsgAnswer next = sw::MsgAnswer::None;
   ScriptedBoxes() {
-    swui::frmMsgBox::testAnswer = [this](swui::frmMsgBox& box) -> int16_t {
+    swui::frmMsgBox::testAnswer = [this](swui::frmMsgBox& box) {
       titles << box.windowTitle();
-      return next != 0 ? std::exchange(next, int16_t{0}) : box.cmdYes->isVisibleTo(&box) ? 6 : 1;
+      if (next != sw::MsgAnswer::None) return std::exchange(next, sw::MsgAnswer::None);
+      return box.cmdYes->isVisibleTo(&box) ? sw::MsgAnswer::Yes : sw::MsgAnswer::Ok;
     };
   }
   ~ScriptedBoxes() { swui::frmMsgBox::testAnswer = nullptr; }

@@ -6,6 +6,7 @@
 #include <QPaintEvent>
 #include <QTextBrowser>
 #include <QWindow>
+#include <tuple>
 
 #include "debuglog/frmDebugMark.h"
 #include "options/frmCommandList.h"
@@ -73,7 +74,7 @@ class TestDialogs : public QObject {
                                            // A long title with a short text: as wide as the title plus the margins.
                                            {{400, 195, 195, 4000, 0}, {1, 4000, 195, 4360, 1460, 630, 1502, 0}}};
     for (const auto& [in, want] : cases) {
-      const auto l = frmMsgBox::ComputeLayout(in[0], in[1], in[2], in[3], 24 * 499, static_cast<int16_t>(in[4]));
+      const auto l = frmMsgBox::ComputeLayout(in[0], in[1], in[2], in[3], 24 * 499, static_cast<sw::MsgButtons>(in[4]));
       QCOMPARE((Ints{l.nButtons, l.lblWidth, l.lblHeight, l.width, l.height, l.btnTop, l.btnLeft[0], l.btnLeft[1]}),
                want);
       QCOMPARE(l.wordWrap, in[0] > 24 * 499);
@@ -82,20 +83,26 @@ class TestDialogs : public QObject {
 
   void msgBoxAnswersEnterAndEscape() {
     // Button set, key (0: the box is closed by other means), answer.
-    const int cases[][3] = {{4, Qt::Key_Escape, 7}, {4, Qt::Key_Return, 6}, {4, 0, 7},
-                            {0, Qt::Key_Escape, 1}, {0, Qt::Key_Return, 1}, {1, Qt::Key_Escape, 2},
-                            {1, Qt::Key_Enter, 1}};
+    using B = sw::MsgButtons;
+    using A = sw::MsgAnswer;
+    // clang-format off
+    const std::tuple<B, int, A> cases[] = {
+        {B::YesNo, Qt::Key_Escape, A::No}, {B::YesNo, Qt::Key_Return, A::Yes}, {B::YesNo, 0, A::No},
+        {B::OkOnly, Qt::Key_Escape, A::Ok}, {B::OkOnly, Qt::Key_Return, A::Ok},
+        {B::OkCancel, Qt::Key_Escape, A::Cancel}, {B::OkCancel, Qt::Key_Enter, A::Ok}};
+    // clang-format on
     frmMsgBox::testAnswer = nullptr;  // the real box
     for (const auto& [nButtons, key, answer] : cases) {
       frmMsgBox box(&s_->w, 24 * 499);
-      box.Setup("Go on?", static_cast<int16_t>(nButtons), "Question");
+      box.Setup("Go on?", nButtons, "Question");
       InNextDialog<frmMsgBox>([key](frmMsgBox& d) {
         if (key == 0)
           d.close();
         else
           QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
       });
-      QVERIFY2(box.ShowModal() == answer, qPrintable(QStringLiteral("set %1, key %2").arg(nButtons).arg(key)));
+      QVERIFY2(box.ShowModal() == answer,
+               qPrintable(QStringLiteral("set %1, key %2").arg(static_cast<int>(nButtons)).arg(key)));
     }
   }
 
@@ -110,7 +117,7 @@ class TestDialogs : public QObject {
                                                  {"Ok?", "Error: LoadHighScoresError while reading the lists"}};
     for (const auto& [text, title] : cases) {
       frmMsgBox box(&s_->w, 24 * 499);
-      box.Setup(text, 4, title);
+      box.Setup(text, sw::MsgButtons::YesNo, title);
       box.show();
       QVERIFY(QTest::qWaitForWindowActive(&box, 15000));
       const QSize outer(box.twips().X(box.layout().width), box.twips().Y(box.layout().height));

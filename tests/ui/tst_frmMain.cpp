@@ -227,7 +227,7 @@ class TestFrmMain : public QObject {
   void closingAsksAndQuits() {
     frmMain& w = s_->w;
     s_->boxes.titles.clear();
-    s_->boxes.next = 7;  // No, then Yes
+    s_->boxes.next = sw::MsgAnswer::No;  // then Yes
     QVERIFY(!w.close());
     QVERIFY(!w.Quitting() && w.isVisible() && !QFile::exists(sw::Options::kFileName));
     w.close();
