@@ -1,8 +1,9 @@
 #!/usr/bin/python3
 # The running game as a screen reader finds it through AT-SPI: the board is a focused table of
 # named cells that follows a move, the lag bar a progress bar, no name holds an access-key marker
-# or an internal name, a turn's news and a review key are spoken without moving the focus, the
-# Controls key boxes are named by their commands, and a message box is an alert with its text.
+# or an internal name, a turn's news and a review key are spoken without moving the focus, every
+# Controls box and its list are named by what they are for, a message box is an alert with its text,
+# and a game that earns a place opens the webmaster lists as a table, saying which place and score.
 import re
 import subprocess
 import time
@@ -112,9 +113,12 @@ assert cells() == after and board_focused(), "the review key changed the board o
 # The Controls key boxes, by command and key; the focus back on the board when the dialog closes.
 menu("alt+o", "c")
 assert pump(20, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog"
-boxes = {o.name: o.description for o in walk(find(pyatspi.ROLE_DIALOG, "Controls"))
-         if o.getRole() == pyatspi.ROLE_COMBO_BOX}
+combos = [o for o in walk(find(pyatspi.ROLE_DIALOG, "Controls")) if o.getRole() == pyatspi.ROLE_COMBO_BOX]
+boxes = {o.name: o.description for o in combos}
 assert {"Up/Left": "7", "Pause": "5", "Wait": "0", "Link": "+"}.items() <= boxes.items(), f"key boxes: {boxes}"
+lists = {o.name: [c.name for c in o if c.getRole() == pyatspi.ROLE_LIST] for o in combos}
+assert len(lists) == 12 and all(v == [k] for k, v in lists.items()) and "Control Profile" in lists, \
+    f"boxes and their lists: {lists}"
 press("Escape")
 assert pump(20, board_focused), "the board has no focus after the Controls dialog"
 
@@ -125,3 +129,60 @@ inside = [(o.getRole(), o.name) for o in walk(find(pyatspi.ROLE_ALERT, "About Sk
 assert (pyatspi.ROLE_PUSH_BUTTON, "Ok") in inside and any("Version 1.14" in n for _, n in inside), f"alert: {inside}"
 press("Return")
 assert pump(20, board_focused), "the board has no focus after the message box"
+
+
+# A game played to its end with a score: the lists open for the new name, as a table of ten rows with
+# the list shown as its caption; the caret in the row earned, and the dialog says which place and score.
+def window(role, name=None):  # a window on screen; one that closes as it is looked at is none
+    app = next(a for a in pyatspi.Registry.getDesktop(0) if a is not None and a.name == "Skitterweb")
+    for w in app:
+        try:
+            if w.getRole() == role and name in (None, w.name) and w.getState().contains(pyatspi.STATE_SHOWING):
+                return w
+        except (AttributeError, GLib.GError):
+            pass
+    return None
+
+
+def click(box, names):  # a box's button, pressed as a screen reader's user can
+    button = next(o for o in walk(box) if o.getRole() == pyatspi.ROLE_PUSH_BUTTON and o.name in names)
+    button.queryAction().doAction(0)
+
+
+main = window(pyatspi.ROLE_FRAME, "Skitterweb")
+for _ in range(600):
+    if pump(0.5, lambda: window(pyatspi.ROLE_DIALOG, "Webmaster Lists")):
+        break
+    box = window(pyatspi.ROLE_ALERT)
+    if box:
+        click(box, ("Ok", "Yes"))
+        pump(20, lambda: window(pyatspi.ROLE_ALERT) is None)
+    else:
+        subprocess.run(["xdotool", "search", "--onlyvisible", "--name", "^Skitterweb$", "windowfocus"])
+        press("0")  # wait: the viruses come
+webmasters = window(pyatspi.ROLE_DIALOG, "Webmaster Lists")
+assert webmasters, "no game earned a place"
+table = next(o for o in walk(webmasters) if o.getRole() == pyatspi.ROLE_TABLE)
+t = table.queryTable()
+caption = t.caption.name if t.caption else None
+heads = [t.getColumnDescription(c) for c in range(t.nColumns)]
+assert (t.nRows, t.nColumns, heads, table.name) == (10, 4, ["Place", "Webmaster Name", "Sites Hit", "Score"],
+                                                     caption) and caption == "All Time, Normal", \
+    f"the lists' table: {t.nRows} x {t.nColumns}, {heads}, named {table.name}, caption {caption}"
+row = [t.getAccessibleAt(0, c) for c in range(4)]
+score = row[3].name
+assert row[0].name == "1" and f"Score: {score}" in [o.name for o in walk(main)] and score != "0", \
+    f"place 1 reads {[c.name for c in row]}"
+names = [t.getAccessibleAt(r, 1).getChildAtIndex(0).name for r in range(10)]
+assert names == [f"Place {r} name" for r in range(1, 11)], f"the name boxes: {names}"
+
+
+def caret():
+    box = row[1].getChildAtIndex(0)
+    return box.getState().contains(pyatspi.STATE_FOCUSED) and box.getRole() == pyatspi.ROLE_TEXT
+
+
+assert pump(20, caret), "the caret is not in the row earned"
+assert webmasters.description == f"{caption}: place 1, score {score}. Type your name.", \
+    f"the lists say: {webmasters.description!r}"
+click(webmasters, ("Done",))
