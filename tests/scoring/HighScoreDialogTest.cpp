@@ -51,11 +51,11 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
   HighScoreDialog& d = b.sw.webmasters;
   std::vector<std::string> heard;
   b.w.onDialog = [&](Dialog) {
-    for (int16_t type : {1, 0}) {
+    for (int16_t type : {1, 0}) {  // the list opened, then the personal one
       d.optType_Click(type);
       heard.push_back(d.ListCaption() + " | " + d.NamePrompt());
     }
-    d.optDiff_Click(4);
+    d.optDiff_Click(4);  // a list the game did not play
     heard.push_back(d.ListCaption() + " | " + d.NamePrompt());
   };
   d.CheckHighScore();
