@@ -31,17 +31,6 @@ def press(*keys):
         time.sleep(0.5)
 
 
-def menu(key, *item_keys):  # opens a menu with its key and, once it is on screen, picks an item
-    mark = len(events)
-    press(key)
-
-    def popup():
-        return any(e.type.endswith("showing") and e.detail1 and e.source.getRole() == pyatspi.ROLE_POPUP_MENU
-                   for e in events[mark:])
-    assert pump(20, popup), f"no menu on screen after {key}"
-    press(*item_keys)
-
-
 def walk(obj):
     yield obj
     for child in obj if obj.getRole() != pyatspi.ROLE_TABLE else []:
@@ -51,6 +40,38 @@ def walk(obj):
 def find(role, name=None):
     app = next(a for a in pyatspi.Registry.getDesktop(0) if a is not None and a.name == "Skitterweb")
     return next((o for o in walk(app) if o.getRole() == role and name in (None, o.name)), None)
+
+
+def window(role, name=None):  # a window on screen; one that closes as it is looked at is none
+    app = next(a for a in pyatspi.Registry.getDesktop(0) if a is not None and a.name == "Skitterweb")
+    for w in app:
+        try:
+            if w.getRole() == role and name in (None, w.name) and w.getState().contains(pyatspi.STATE_SHOWING):
+                return w
+        except (AttributeError, GLib.GError):
+            pass
+    return None
+
+
+def click(box, names):  # a box's button, pressed as a screen reader's user can
+    button = next(o for o in walk(box) if o.getRole() == pyatspi.ROLE_PUSH_BUTTON and o.name in names)
+    button.queryAction().doAction(0)
+
+
+def menu(key, item_key, role, name):  # picks a menu item by its keys, once the menu is on screen, until
+    # the window it opens shows; again when a late change of the active window closed the menu first
+    for _ in range(3):
+        mark = len(events)
+        press(key)
+
+        def popup(showing):
+            return any(e.type.endswith("showing") and e.detail1 == showing and
+                       e.source.getRole() == pyatspi.ROLE_POPUP_MENU for e in events[mark:])
+        assert pump(20, lambda: popup(1)), f"no menu on screen after {key}"
+        press(item_key)
+        if pump(20, lambda: window(role, name) or popup(0)) and pump(20, lambda: window(role, name)):
+            return window(role, name)
+    raise AssertionError(f"no {name} after {key} {item_key}")
 
 
 def said(since):  # what the game's notification spoke after event number `since`
@@ -92,7 +113,7 @@ for _ in range(5):
                                                               for v in viruses)), (None, None))
     if key:
         break
-    menu("alt+g", "n", "Return")
+    click(menu("alt+g", "n", pyatspi.ROLE_ALERT, "Start New Game"), ("Yes",))
 mark = len(events)
 press(key)
 assert pump(20, lambda: said(mark)), "no news after a turn"
@@ -111,9 +132,7 @@ assert pump(20, lambda: said(mark)) and re.fullmatch(r"[a-z ]+, 1 (right|left)",
 assert cells() == after and board_focused(), "the review key changed the board or the focus"
 
 # The Controls key boxes, by command and key; the focus back on the board when the dialog closes.
-menu("alt+o", "c")
-assert pump(20, lambda: find(pyatspi.ROLE_DIALOG, "Controls")), "no Controls dialog"
-combos = [o for o in walk(find(pyatspi.ROLE_DIALOG, "Controls")) if o.getRole() == pyatspi.ROLE_COMBO_BOX]
+combos = [o for o in walk(menu("alt+o", "c", pyatspi.ROLE_DIALOG, "Controls")) if o.getRole() == pyatspi.ROLE_COMBO_BOX]
 boxes = {o.name: o.description for o in combos}
 assert {"Up/Left": "7", "Pause": "5", "Wait": "0", "Link": "+"}.items() <= boxes.items(), f"key boxes: {boxes}"
 lists = {o.name: [c.name for c in o if c.getRole() == pyatspi.ROLE_LIST] for o in combos}
@@ -123,9 +142,7 @@ press("Escape")
 assert pump(20, board_focused), "the board has no focus after the Controls dialog"
 
 # A message box: an alert with its text and an Ok button; the focus back on the board after it.
-menu("alt+h", "a")
-assert pump(20, lambda: find(pyatspi.ROLE_ALERT, "About Skitterweb")), "the About box is no alert"
-inside = [(o.getRole(), o.name) for o in walk(find(pyatspi.ROLE_ALERT, "About Skitterweb"))]
+inside = [(o.getRole(), o.name) for o in walk(menu("alt+h", "a", pyatspi.ROLE_ALERT, "About Skitterweb"))]
 assert (pyatspi.ROLE_PUSH_BUTTON, "Ok") in inside and any("Version 1.14" in n for _, n in inside), f"alert: {inside}"
 press("Return")
 assert pump(20, board_focused), "the board has no focus after the message box"
@@ -133,22 +150,6 @@ assert pump(20, board_focused), "the board has no focus after the message box"
 
 # A game played to its end with a score: the lists open for the new name, as a table of ten rows with
 # the list shown as its caption; the caret in the row earned, and the dialog says which place and score.
-def window(role, name=None):  # a window on screen; one that closes as it is looked at is none
-    app = next(a for a in pyatspi.Registry.getDesktop(0) if a is not None and a.name == "Skitterweb")
-    for w in app:
-        try:
-            if w.getRole() == role and name in (None, w.name) and w.getState().contains(pyatspi.STATE_SHOWING):
-                return w
-        except (AttributeError, GLib.GError):
-            pass
-    return None
-
-
-def click(box, names):  # a box's button, pressed as a screen reader's user can
-    button = next(o for o in walk(box) if o.getRole() == pyatspi.ROLE_PUSH_BUTTON and o.name in names)
-    button.queryAction().doAction(0)
-
-
 main = window(pyatspi.ROLE_FRAME, "Skitterweb")
 for _ in range(600):
     if pump(0.5, lambda: window(pyatspi.ROLE_DIALOG, "Webmaster Lists")):
