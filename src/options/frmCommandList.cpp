@@ -1,7 +1,5 @@
 #include "options/frmCommandList.h"
 
-#include <QAccessible>
-#include <QAccessibleWidget>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -30,26 +28,7 @@ constexpr std::array<std::pair<int, int>, 11> kCell = {{
     {3, 2},
 }};
 
-class KeyBoxAccessible : public QAccessibleWidget {
- public:
-  explicit KeyBoxAccessible(QComboBox* box) : QAccessibleWidget(box, QAccessible::ComboBox) {}
-  QString text(QAccessible::Text t) const override {
-    if (t == QAccessible::Value) return static_cast<QComboBox*>(widget())->currentText();
-    return QAccessibleWidget::text(t);
-  }
-};
-
-QAccessibleInterface* KeyBoxFactory(const QString& className, QObject* object) {
-  if (className != QLatin1String("swui::KeyBox") || object == nullptr) return nullptr;
-  return new KeyBoxAccessible(static_cast<KeyBox*>(object));
-}
-
 }  // namespace
-
-KeyBox::KeyBox(QWidget* parent) : QComboBox(parent) {
-  static const bool installed = (QAccessible::installFactory(KeyBoxFactory), true);
-  (void)installed;
-}
 
 frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : QDialog(parent), model_(model) {
   setObjectName("frmCommandList");
@@ -60,7 +39,9 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
   const QString profileTip = tr("Select a saved profile to change your current control settings");
   auto* lblProfile = new QLabel(tr("Control Profile:"), this);
   lblProfile->setToolTip(profileTip);
-  cmbProfile = new QComboBox(this);
+  auto* profiles = new NamedCombo(this);
+  profiles->SetName(tr("Control Profile"));
+  cmbProfile = profiles;
   cmbProfile->setObjectName("cmbProfile");
   cmbProfile->setToolTip(profileTip);
   cmbProfile->setMinimumContentsLength(22);
@@ -78,14 +59,14 @@ frmCommandList::frmCommandList(sw::CommandListDialog& model, QWidget* parent) : 
     const auto& key = sw::CommandListDialog::kKeys[static_cast<size_t>(i)];
     lblKey[i] = new QLabel(tr(key.szLabel), pad);
     lblKey[i]->setToolTip(tr(key.szTip));
-    cmbKey[i] = new KeyBox(pad);
+    auto* box = new NamedCombo(pad);
+    cmbKey[i] = box;
     cmbKey[i]->setObjectName(QStringLiteral("cmbKey(%1)").arg(i));
     cmbKey[i]->setEditable(true);
     // Named by its command as the label reads ("Up/Left"); Redraw describes it by its key.
     QString command = lblKey[i]->text();
     if (command.endsWith(QLatin1Char(':'))) command.chop(1);
-    cmbKey[i]->setAccessibleName(command);
-    cmbKey[i]->lineEdit()->setAccessibleName(command);
+    box->SetName(command);
     cmbKey[i]->setInsertPolicy(QComboBox::NoInsert);
     cmbKey[i]->setToolTip(tr(key.szTip));
     cmbKey[i]->setFixedWidth(comboWidth);

@@ -1,23 +1,15 @@
 #pragma once
 // frmCommandList: the form of the "Controls" dialog.
-#include <QComboBox>
 #include <QDialog>
 #include <array>
 
 #include "options/CommandListDialog.h"
+#include "options/frmNamedCombo.h"
 
 class QLabel;
 class QPushButton;
 
 namespace swui {
-
-// A key box: a screen reader names it by its command ("Up/Left") and describes it by
-// the key it holds, where a plain combo box would be named by its text.
-class KeyBox : public QComboBox {
-  Q_OBJECT
- public:
-  explicit KeyBox(QWidget* parent);
-};
 
 class frmCommandList : public QDialog {
   Q_OBJECT

@@ -7,6 +7,8 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
+#include "options/frmNamedCombo.h"
+
 namespace swui {
 
 frmSelect::frmSelect(sw::SelectDialog& model, QWidget* parent) : QDialog(parent), model_(model) {
@@ -15,9 +17,11 @@ frmSelect::frmSelect(sw::SelectDialog& model, QWidget* parent) : QDialog(parent)
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
   setModal(true);
 
-  cmbSelect = new QComboBox(this);
+  auto* select = new NamedCombo(this);
+  cmbSelect = select;
   cmbSelect->setObjectName("cmbSelect");
   cmbSelect->setEditable(true);
+  select->SetName(windowTitle());  // what the dialog asks for: "Save Control Profile As"
   cmbSelect->setInsertPolicy(QComboBox::NoInsert);
   cmbSelect->setToolTip(tr("Type or click on your selection"));
   // Wide enough for its title in the title bar's bolder type, and the bar's buttons.

@@ -67,6 +67,20 @@ bool HighScoreDialog::Earned(int16_t Index) const {
   return nType == HighScores::kPersonal ? Index == hs.gnPersonalSlot : Index == hs.gnGlobalSlot;
 }
 
+std::string HighScoreDialog::ListCaption() const {
+  return std::string(kTypeNames[nType == HighScores::kAllTime ? 1 : 0]) + ", " + DifficultyOf(nDiff).szName;
+}
+
+std::string HighScoreDialog::PlaceName(int16_t Index) { return "Place " + NumText(int64_t{Index}) + " name"; }
+
+std::string HighScoreDialog::NamePrompt() const {
+  for (int16_t i = 1; i <= 10; ++i)
+    if (Earned(i))
+      return ListCaption() + ": place " + NumText(int64_t{i}) + ", score " + rows[static_cast<size_t>(i)].lblScore +
+             ". Type your name.";
+  return {};
+}
+
 void HighScoreDialog::optType_Click(int16_t Index) {
   if (dbg.On()) dbg.DebugWrite(Trace("frmHighScore.optType_Click").In("Index", Index));
   if (Index < 0 || Index > 1) return;

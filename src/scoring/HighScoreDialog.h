@@ -54,6 +54,15 @@ class HighScoreDialog {
   // True when row Index of the list shown is a place just earned (its name may be typed).
   bool Earned(int16_t Index) const;
 
+  // ---- what a screen reader reads
+  // The list shown, as the table's caption: "All Time, Normal".
+  std::string ListCaption() const;
+  // Row Index's name box: "Place 3 name".
+  static std::string PlaceName(int16_t Index);
+  // In the row just earned, which list, which place and what score, and what to do:
+  // "All Time, Easy: place 1, score 1,250. Type your name." Empty when the list shown has no such row.
+  std::string NamePrompt() const;
+
  private:
   // Fills the rows from the table for the list shown.
   void Redraw();

@@ -20,18 +20,18 @@ namespace {
 
 QString Q(const std::string& s) { return QString::fromStdString(s); }
 
-QLabel* Heading(const QString& text, Qt::Alignment align, QWidget* parent) {
-  auto* l = new QLabel(text, parent);
+void Heading(QLabel* l, const QString& text, Qt::Alignment align) {
   QFont f = l->font();
   f.setBold(true);
   l->setFont(f);
   l->setAlignment(align | Qt::AlignVCenter);
-  return l;
+  l->setText(text);
 }
 
 }  // namespace
 
 frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialog(parent), model_(model) {
+  ListTable::InstallAccessibility();
   setObjectName("frmHighScore");
   setWindowTitle(sw::HighScoreDialog::kCaption);
   setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint);
@@ -72,33 +72,51 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
   lblDiff->setBuddy(optDiff[1]);
 
   // The ten rows under their headings.
-  auto* list = new QGridLayout;
+  grdList = new ListTable(this);
+  grdList->setObjectName("grdList");
+  auto* list = new QGridLayout(grdList);
+  list->setContentsMargins(0, 0, 0, 0);
   list->setHorizontalSpacing(12);
   list->setVerticalSpacing(4);
-  list->addWidget(Heading(tr("Webmaster Name"), Qt::AlignLeft, this), 0, 1);
-  list->addWidget(Heading(tr("Sites Hit"), Qt::AlignRight, this), 0, 2);
-  list->addWidget(Heading(tr("Score"), Qt::AlignRight, this), 0, 3);
+  // Each cell is known to the table before it shows anything, so that it is read as a cell.
+  auto cell = [this, list](int row, int col, QWidget* w) {
+    grdList->cells[static_cast<size_t>(row)][static_cast<size_t>(col)] = w;
+    list->addWidget(w, row, col);
+  };
+  auto* lblPlace = new QLabel(grdList);  // the places' column has no heading on screen
+  cell(0, 0, lblPlace);
+  lblPlace->setAccessibleName(tr("Place"));
+  const QString headings[3] = {tr("Webmaster Name"), tr("Sites Hit"), tr("Score")};
+  for (int c = 1; c <= 3; ++c) {
+    auto* heading = new QLabel(grdList);
+    cell(0, c, heading);
+    Heading(heading, headings[c - 1], c == 1 ? Qt::AlignLeft : Qt::AlignRight);
+  }
   const QFont digits = font();
   const int nameWidth = fontMetrics().horizontalAdvance(QLatin1Char('M')) * 18;
   for (int i = 1; i <= 10; ++i) {
-    lblSlotNum[i] = new QLabel(this);
-    lblSlotNum[i]->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    txtName[i] = new QLineEdit(this);
+    lblSlotNum[i] = new QLabel(grdList);
+    cell(i, 0, lblSlotNum[i]);
+    auto* nameCell = new QWidget(grdList);
+    cell(i, 1, nameCell);
+    lblSitesHit[i] = new QLabel(grdList);
+    cell(i, 2, lblSitesHit[i]);
+    lblScore[i] = new QLabel(grdList);
+    cell(i, 3, lblScore[i]);
+    txtName[i] = new QLineEdit(nameCell);
     txtName[i]->setObjectName(QStringLiteral("txtName(%1)").arg(i));
+    txtName[i]->setAccessibleName(Q(sw::HighScoreDialog::PlaceName(static_cast<int16_t>(i))));
     txtName[i]->setToolTip(tr("Enter player name"));
     txtName[i]->setMinimumWidth(nameWidth);
     txtName[i]->installEventFilter(this);
-    lblSitesHit[i] = new QLabel(this);
-    lblScore[i] = new QLabel(this);
+    auto* box = new QHBoxLayout(nameCell);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->addWidget(txtName[i]);
     for (QLabel* l : {lblSlotNum[i], lblSitesHit[i], lblScore[i]}) {
       l->setFont(digits);
       l->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     lblScore[i]->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("999,999,999")));
-    list->addWidget(lblSlotNum[i], i, 0);
-    list->addWidget(txtName[i], i, 1);
-    list->addWidget(lblSitesHit[i], i, 2);
-    list->addWidget(lblScore[i], i, 3);
     connect(txtName[i], &QLineEdit::textEdited, this,
             [this, i](const QString& t) { model_.txtName_Change(static_cast<int16_t>(i), t.toStdString()); });
   }
@@ -120,7 +138,7 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
   auto* layout = new QVBoxLayout(this);
   layout->addLayout(choose);
   layout->addSpacing(8);
-  layout->addLayout(list);
+  layout->addWidget(grdList);
   layout->addSpacing(8);
   layout->addLayout(buttons);
   layout->setSizeConstraint(QLayout::SetFixedSize);
@@ -203,9 +221,16 @@ void frmHighScore::Redraw() {
   redrawing_ = true;
   optType[static_cast<size_t>(model_.nType)]->setChecked(true);
   optDiff[static_cast<size_t>(model_.nDiff)]->setChecked(true);
+  const QString caption = Q(model_.ListCaption());
+  if (grdList->accessibleName() != caption) grdList->setAccessibleName(caption);
+  // After a game that earned a place, the dialog says which as it opens: a screen reader reads a
+  // dialog's description with its title.
+  const QString prompt = Q(model_.NamePrompt());
+  if (accessibleDescription() != prompt) setAccessibleDescription(prompt);
   for (int i = 1; i <= 10; ++i) {
     const sw::HighScoreDialog::Row& r = model_.rows[static_cast<size_t>(i)];
     lblSlotNum[i]->setText(Q(r.lblSlotNum) + QLatin1Char('.'));
+    lblSlotNum[i]->setAccessibleName(Q(r.lblSlotNum));
     if (txtName[i]->text() != Q(r.txtName)) txtName[i]->setText(Q(r.txtName));
     // Only the row just earned looks and acts like a box to type in.
     const bool bEarned = model_.Earned(static_cast<int16_t>(i));

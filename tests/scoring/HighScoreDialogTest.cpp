@@ -41,6 +41,31 @@ TEST(HighScoreDialog, ANewWebmastersNameGoesIntoBothListsAndOldRowsTakeNone) {
             "Ann, the firstold");
 }
 
+// A screen reader hears which list, which place and what score the new row holds, in the list where it
+// was earned only; the two lists of a game can hold it at different places.
+TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
+  Board b;  // normal
+  Fill(b.sw.hs);
+  b.sc.glScore = 1002;  // all time: below 1,003 in place 1; personal: level with place 1, more sites
+  b.g.gnSitesHit = 4;
+  HighScoreDialog& d = b.sw.webmasters;
+  std::vector<std::string> heard;
+  b.w.onDialog = [&](Dialog) {
+    for (int16_t type : {1, 0}) {  // the list opened, then the personal one
+      d.optType_Click(type);
+      heard.push_back(d.ListCaption() + " | " + d.NamePrompt());
+    }
+    d.optDiff_Click(4);  // a list the game did not play
+    heard.push_back(d.ListCaption() + " | " + d.NamePrompt());
+  };
+  d.CheckHighScore();
+  EXPECT_EQ(heard,
+            (std::vector<std::string>{"All Time, Normal | All Time, Normal: place 2, score 1,002. Type your name.",
+                                      "Personal, Normal | Personal, Normal: place 1, score 1,002. Type your name.",
+                                      "Personal, Nightmare | "}));
+  EXPECT_EQ(HighScoreDialog::PlaceName(10), "Place 10 name");
+}
+
 // No to either question changes nothing; Yes clears the list shown, that one only, and writes the file.
 TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   TempDir dir;

@@ -1,6 +1,7 @@
 // The board: a move repaints only the cells that changed. The message box's geometry, framed too, and
 // its answers; the help and the dialogs on screen, opened as the game opens them: F1, Mark Debug Log,
 // the controls with the selection dialog, and the webmaster lists.
+#include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
 #include <QPaintEvent>
@@ -174,6 +175,10 @@ class TestDialogs : public QObject {
       d.cmbKey[8]->setFocus();
       QTest::keyClick(d.cmbKey[8]->lineEdit(), '2');  // Up takes 2 from Down, which takes 8
       InNextDialog<swui::frmSelect>([](swui::frmSelect& select) {
+        // A screen reader names the box, and its list, by what the dialog asks for.
+        QAccessibleInterface* box = QAccessible::queryAccessibleInterface(select.cmbSelect);
+        QCOMPARE(box->text(QAccessible::Name) + "/" + box->child(0)->text(QAccessible::Name),
+                 QString("Save Control Profile As/Save Control Profile As"));
         QTest::keyClicks(select.cmbSelect->lineEdit(), "Swapped");
         QTest::mouseClick(select.cmdOk, Qt::LeftButton);
       });
