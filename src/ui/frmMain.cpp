@@ -332,10 +332,14 @@ void frmMain::ShowDialog(sw::Dialog which) {
 
 QWidget* frmMain::DialogParent() {
   if (starting_ && !isVisible()) {
-    // A box at start: the window (with its icon) comes first, and what waited for it happens now.
-    QApplication::setWindowIcon(AppIcon());
-    show();
-    RunStartSteps();
+    // A box at start stands alone (with the program's icon) before the window, which is not
+    // ready yet; what waited for the window (the box's sound) happens now.
+    if (!noticeAtStart_) {
+      noticeAtStart_ = true;
+      QApplication::setWindowIcon(AppIcon());
+      RunStartSteps();
+    }
+    return nullptr;
   }
   // A box or dialog opened from a dialog stands over that dialog.
   QWidget* modal = QApplication::activeModalWidget();
@@ -343,8 +347,8 @@ QWidget* frmMain::DialogParent() {
 }
 
 void frmMain::ReturnFocus() {
-  // Back to the board, unless a dialog is still open.
-  if (QApplication::activeModalWidget() != nullptr) return;
+  // Back to the board, unless a dialog is still open or the window is not up yet.
+  if (QApplication::activeModalWidget() != nullptr || !isVisible()) return;
   activateWindow();
   grdMap->setFocus();
 }
