@@ -15,6 +15,7 @@
 #include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
 #include "ui/Accessible.h"
+#include "ui/Heap.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -347,6 +348,8 @@ QWidget* frmMain::DialogParent() {
 }
 
 void frmMain::ReturnFocus() {
+  // What the closed box or dialog took goes back to the system once it is gone.
+  QTimer::singleShot(0, this, &ReturnFreeMemory);
   // Back to the board, unless a dialog is still open or the window is not up yet.
   if (QApplication::activeModalWidget() != nullptr || !isVisible()) return;
   activateWindow();

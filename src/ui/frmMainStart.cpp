@@ -10,6 +10,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "ui/Heap.h"
 #include "ui/PictureRender.h"
 #include "ui/frmMain.h"
 
@@ -81,6 +82,8 @@ void frmMain::RunStartSteps() {
   afterFirstFrame_.clear();
   for (auto& step : steps) step();
   startPause_.reset();
+  // What only the start needed (the font files' parse, the start sound's decoding) goes back.
+  QTimer::singleShot(0, this, &ReturnFreeMemory);
 }
 
 QIcon frmMain::AppIcon() {
