@@ -44,7 +44,12 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   setObjectName("frmMain");
   setWindowTitle("Skitterweb");
   tw_ = Twips::Of(*this);
-  setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+  // The window's own captions and counters are plain Latin text: drawn from the font's glyphs and
+  // advances, without the shaping engine, whose work and code would cost the start for nothing
+  // (text in a script that needs shaping is still shaped).
+  QFont font(QStringLiteral("MS Sans Serif"), 8);
+  font.setStyleStrategy(QFont::PreferNoShaping);
+  setFont(font);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
 
