@@ -10,7 +10,6 @@
 #include "Version.h"
 #include "ui/BenchProbe.h"
 #include "ui/FirstFrame.h"
-#include "ui/FontStart.h"
 #include "ui/GameStyle.h"
 #include "ui/Heap.h"
 #include "ui/SignalEnd.h"
@@ -23,7 +22,6 @@ int main(int argc, char* argv[]) {
   // Past a file-size limit a write fails with an error the game reports, instead of killing it.
   std::signal(SIGXFSZ, SIG_IGN);
   swui::TuneHeap();
-  swui::FontConfigReader fonts;
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion(QStringLiteral(SKITTERWEB_VERSION));
@@ -31,7 +29,6 @@ int main(int argc, char* argv[]) {
   QGuiApplication::setDesktopFileName(QStringLiteral("io.github.skitterweb.Skitterweb"));
   QApplication::setStyle(new swui::GameStyle);
   swui::InstallHelpKey(app);
-  fonts.Wait();
   swui::frmMain frmMain;
   bool inMainLoop = false;
   swui::EndOnSignals(&frmMain, [&frmMain, &inMainLoop] {
