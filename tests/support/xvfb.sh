@@ -8,7 +8,7 @@
 # Everything started here is ended, last first, when the calling shell exits; x_on_exit adds
 # the caller's own clean-up to that list.
 #
-#   x_server [--wm]             starts Xvfb (and openbox) and exports DISPLAY
+#   x_server [--wm]             starts Xvfb (and openbox), exports DISPLAY and sets x_server_pid
 #   x_start DIR COMMAND...      runs COMMAND in DIR (output to $x_log, default DIR/game.log), sets
 #                               game_pid, and returns once the main window, or a notice before it, is on
 #                               screen, with the input focus
@@ -43,7 +43,7 @@ x_server() {
   # -noreset: the server does not reset when its last client leaves, which would turn away a
   # client that connects at that moment (the game, while xdotool looks for its window).
   Xvfb -displayfd 3 -noreset -screen 0 1600x1200x24 -nolisten tcp 3>"$dir/display" >"$dir/xvfb.log" 2>&1 &
-  pid=$!
+  pid=$! x_server_pid=$!
   x_on_exit "kill $pid; wait $pid; rm -rf '$dir'"
   # The server writes its display number once it takes connections.
   read -r -t 20 n <"$dir/display" || true

@@ -30,36 +30,29 @@ def on_screen():  # the program's objects that are showing
     return [] if app is None else [o for o in walk(app) if o.getState().contains(pyatspi.STATE_SHOWING)]
 
 
-def windows():
-    out = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", ".", "getwindowname", "%@"],
-                         capture_output=True, text=True).stdout
-    return out.split("\n")[:-1]
+def xdotool(*args):
+    return subprocess.run(["xdotool", *args], capture_output=True, text=True).stdout.split("\n")[:-1]
 
 
-def board():
-    return next((o for o in on_screen() if o.getRole() == pyatspi.ROLE_TABLE and o.name == "Map"), None)
-
-
-def cells(table):
-    t = table.queryTable()
-    return [t.getAccessibleAt(r, c).name for r in range(t.nRows) for c in range(t.nColumns)]
+def board_cells():  # the names of the board's cells, when the board is showing
+    board = next((o for o in on_screen() if o.getRole() == pyatspi.ROLE_TABLE and o.name == "Map"), None)
+    t = board.queryTable() if board else None
+    return t and [t.getAccessibleAt(r, c).name for r in range(t.nRows) for c in range(t.nColumns)]
 
 
 PLACEHOLDERS = ("999,999,999", "Reconnects: 9999", "Sites Hit: 9999", "Viruses: 9999")
 for title in ("Error: LoadOptions", "Error: LoadHighScoresError"):
-    assert pump(30, lambda: windows() == [title] and any(o.name == title for o in on_screen())), \
+    windows = lambda: xdotool("search", "--onlyvisible", "--name", ".", "getwindowname", "%@")
+    assert pump(30, lambda: windows() == [title] and title in [o.name for o in on_screen()]), \
         f"the notice {title} does not stand alone: windows {windows()}"
     shown = [o.name for o in on_screen()]
     assert not [n for n in shown if any(p in n for p in PLACEHOLDERS)], f"placeholders under {title}: {shown}"
-    assert board() is None or set(cells(board())) != {"empty"}, f"an empty board under {title}"
-    box = subprocess.run(["xdotool", "search", "--onlyvisible", "--name", f"^{title}$"],
-                         capture_output=True, text=True).stdout.split()[0]
-    subprocess.run(["xdotool", "windowfocus", "--sync", box, "key", "Return"], check=True)
+    assert set(board_cells() or ["Whisk"]) != {"empty"}, f"an empty board under {title}"
+    xdotool("windowfocus", "--sync", xdotool("search", "--onlyvisible", "--name", f"^{title}$")[0], "key", "Return")
 
-assert pump(30, lambda: board() is not None and "Skitterweb" in windows()), f"no board after the notices: {windows()}"
-drawn = cells(board())
+assert pump(30, lambda: board_cells()), "no board after the notices"
+drawn, shown = board_cells(), {o.name for o in on_screen()}
 assert (drawn.count("Whisk"), drawn.count("virus")) == (1, 7), f"the first site: {sorted(set(drawn))}"
-shown = {o.name for o in on_screen()}
 primed = {"Score: 0", "High Score: 0", "Reconnects: 2", "Sites Hit: 0", "Viruses: 7"}
 assert primed <= shown, f"counters shown: {sorted(n for n in shown if ':' in n)}"
 print("first run: each notice alone, no placeholder or empty board; then the board and the primed counters")
