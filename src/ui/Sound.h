@@ -1,8 +1,8 @@
 #pragma once
 // mmcSound: the media device behind PlaySound. One loaded sound at a time; a
 // new sound cuts off the last. Every failure is silent: a missing or broken
-// file, or no audio device at all, just means no sound. Each file is decoded
-// once per run; the player and its thread start with the first sound.
+// file, or no audio device at all, just means no sound. A file is decoded as
+// it opens (the last one is kept); the player and its thread start with the first sound.
 #include <memory>
 #include <string>
 
@@ -30,7 +30,7 @@ class Sound {
 
   bool Loaded() const { return clip_ != nullptr; }
   bool Playing() const { return player_ != nullptr && player_->Playing(); }
-  // Files decoded so far (each at most once), and the player, once there is one.
+  // Files decoded so far (the same file twice in a row once), and the player, once there is one.
   int Decodes() const { return player_ != nullptr ? player_->Decodes() : 0; }
   const SoundPlayer* Player() const { return player_.get(); }
 

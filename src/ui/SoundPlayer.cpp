@@ -148,13 +148,12 @@ SoundPlayer::~SoundPlayer() {
 }
 
 std::shared_ptr<const Clip> SoundPlayer::Load(const std::string& path) {
-  auto it = cache_.find(path);
-  if (it != cache_.end()) return it->second;
+  if (path == lastPath_ && decodes_ > 0) return last_;
   ++decodes_;
-  auto clip = DecodeMp3(path);
-  // A file that does not decode is remembered too: it is not tried again.
-  cache_[path] = clip;
-  return clip;
+  last_.reset();  // the one kept goes first: its memory serves the new one
+  last_ = DecodeMp3(path);
+  lastPath_ = path;
+  return last_;
 }
 
 void SoundPlayer::Play(std::shared_ptr<const Clip> clip) {

@@ -1,11 +1,11 @@
 #pragma once
-// What plays the game's sounds, without Qt: each MP3 file is decoded once
-// (mpg123) and kept as PCM; one clip plays at a time on a thread of its own
+// What plays the game's sounds, without Qt: an MP3 file is decoded (mpg123)
+// when it is opened, and only the last one is kept as PCM, so that a session
+// holds one or two clips whatever it plays; one clip plays at a time on a thread of its own
 // that sleeps on a condition variable while nothing plays, and holds the
 // audio device (ALSA) only while a clip plays. Every failure is silent.
 #include <condition_variable>
 #include <cstdint>
-#include <map>
 #include <memory>
 #include <mutex>
 #include <string>
@@ -49,7 +49,8 @@ class SoundPlayer {
   SoundPlayer(const SoundPlayer&) = delete;
   SoundPlayer& operator=(const SoundPlayer&) = delete;
 
-  // The decoded clip of a file: decoded on first use, then from memory.
+  // The decoded clip of a file: from memory when it is the file loaded last, else decoded now
+  // (a clip of a second or two takes about a millisecond) in place of that one.
   std::shared_ptr<const Clip> Load(const std::string& path);
   // Starts a clip, cutting off the one playing; returns at once.
   void Play(std::shared_ptr<const Clip> clip);
@@ -65,7 +66,8 @@ class SoundPlayer {
   bool Feed(const Clip& clip, uint64_t generation);
 
   std::unique_ptr<SoundOutput> output_;
-  std::map<std::string, std::shared_ptr<const Clip>> cache_;
+  std::string lastPath_;
+  std::shared_ptr<const Clip> last_;  // null when the file did not decode
   int decodes_ = 0;
 
   mutable std::mutex m_;

@@ -15,6 +15,7 @@
 #include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
 #include "ui/Accessible.h"
+#include "ui/Heap.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -43,7 +44,12 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   setObjectName("frmMain");
   setWindowTitle("Skitterweb");
   tw_ = Twips::Of(*this);
-  setFont(QFont(QStringLiteral("MS Sans Serif"), 8));
+  // The window's own captions and counters are plain Latin text: drawn from the font's glyphs and
+  // advances, without the shaping engine, whose work and code would cost the start for nothing
+  // (text in a script that needs shaping is still shaped).
+  QFont font(QStringLiteral("MS Sans Serif"), 8);
+  font.setStyleStrategy(QFont::PreferNoShaping);
+  setFont(font);
   setFocusPolicy(Qt::StrongFocus);
   setMouseTracking(true);
 
@@ -332,10 +338,14 @@ void frmMain::ShowDialog(sw::Dialog which) {
 
 QWidget* frmMain::DialogParent() {
   if (starting_ && !isVisible()) {
-    // A box at start: the window (with its icon) comes first, and what waited for it happens now.
-    QApplication::setWindowIcon(AppIcon());
-    show();
-    RunStartSteps();
+    // A box at start stands alone (with the program's icon) before the window, which is not
+    // ready yet; what waited for the window (the box's sound) happens now.
+    if (!noticeAtStart_) {
+      noticeAtStart_ = true;
+      QApplication::setWindowIcon(AppIcon());
+      RunStartSteps();
+    }
+    return nullptr;
   }
   // A box or dialog opened from a dialog stands over that dialog.
   QWidget* modal = QApplication::activeModalWidget();
@@ -343,8 +353,10 @@ QWidget* frmMain::DialogParent() {
 }
 
 void frmMain::ReturnFocus() {
-  // Back to the board, unless a dialog is still open.
-  if (QApplication::activeModalWidget() != nullptr) return;
+  // What the closed box or dialog took goes back to the system once it is gone.
+  QTimer::singleShot(0, this, &ReturnFreeMemory);
+  // Back to the board, unless a dialog is still open or the window is not up yet.
+  if (QApplication::activeModalWidget() != nullptr || !isVisible()) return;
   activateWindow();
   grdMap->setFocus();
 }

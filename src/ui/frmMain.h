@@ -41,7 +41,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void Form_Load();
   // The program's start: the options and the first game are set up before the
   // window is shown, so that its first frame is the whole board, painted once.
-  // A box at start shows the window first; the start sound's pause follows the first frame.
+  // A box at start stands alone before the window; the start sound's pause follows the first frame.
   // From the first frame until the start's last step has run, the start is one pause:
   // no key runs a turn inside it.
   void Start();
@@ -146,6 +146,10 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   QWidget* DialogParent();
   bool starting_ = false;
   bool firstFrameDue_ = false;
+  // A notice came up during the start, before the window: from then on nothing waits for the window.
+  bool noticeAtStart_ = false;
+  // Whether what the start asks of the sound device and the pause waits for the first frame.
+  bool WindowDue() const;
   // What the start-up asked of the sound device and the pause, done in order once the first frame is up.
   std::vector<std::function<void()>> afterFirstFrame_;
   // Runs those steps, inside a pause, and ends the start's own pause.

@@ -1,12 +1,16 @@
 // The main window's side of the game's pauses, pointer and sound, and the
 // program's start: the first game is set up before the window shows, so that
 // its first frame is the whole board; the start sound and its pause follow it.
+// A notice at start (a first run: no options, no lists yet) stands alone,
+// centred on the screen, and the window comes up after the last one, its
+// first game drawn.
 #include <QApplication>
 #include <QEventLoop>
 #include <QTimer>
 #include <algorithm>
 #include <utility>
 
+#include "ui/Heap.h"
 #include "ui/PictureRender.h"
 #include "ui/frmMain.h"
 
@@ -25,15 +29,17 @@ QCursor MakeCustomPointer(qreal dpr) {
 
 }  // namespace
 
+bool frmMain::WindowDue() const { return starting_ && !isVisible() && !noticeAtStart_; }
+
 void frmMain::SetSoundFileName(const std::string& fileName) {
-  if (starting_ && !isVisible())
+  if (WindowDue())
     afterFirstFrame_.push_back([this, fileName] { mmcSound.SetFileName(fileName); });
   else
     mmcSound.SetFileName(fileName);
 }
 
 void frmMain::SoundCommand(const std::string& command) {
-  if (starting_ && !isVisible())
+  if (WindowDue())
     afterFirstFrame_.push_back([this, command] { mmcSound.Command(command); });
   else
     mmcSound.Command(command);
@@ -63,13 +69,10 @@ void frmMain::Start() {
   // So can the pointer: it is drawn from its picture.
   afterFirstFrame_.insert(afterFirstFrame_.begin(), [this] { SetPointer(pointer_); });
   startPause_.emplace(sw.shell);
-  if (isVisible()) {
-    // A box at start has shown the window already: no first frame to wait for.
-    QTimer::singleShot(0, this, &frmMain::RunStartSteps);
-  } else {
-    firstFrameDue_ = true;
-    show();
-  }
+  firstFrameDue_ = true;
+  show();
+  // After a notice the window takes the focus the notice had.
+  if (noticeAtStart_) activateWindow();
   grdMap->setFocus();
 }
 
@@ -79,6 +82,8 @@ void frmMain::RunStartSteps() {
   afterFirstFrame_.clear();
   for (auto& step : steps) step();
   startPause_.reset();
+  // What only the start needed (the font files' parse, the start sound's decoding) goes back.
+  QTimer::singleShot(0, this, &ReturnFreeMemory);
 }
 
 QIcon frmMain::AppIcon() {
@@ -92,7 +97,7 @@ QIcon frmMain::AppIcon() {
 }
 
 void frmMain::Sleep(int32_t ms) {
-  if (starting_ && !isVisible()) {
+  if (WindowDue()) {
     afterFirstFrame_.push_back([this, ms] {
       SetPointer(Pointer::Hourglass);
       Sleep(ms);

@@ -4,6 +4,7 @@
 #include <QFontDatabase>
 #include <QLabel>
 #include <QPushButton>
+#include <QScreen>
 #include <QStyle>
 #include <QWindow>
 #include <algorithm>
@@ -82,7 +83,7 @@ frmMsgBox::Layout frmMsgBox::ComputeLayout(int32_t textW, int32_t textH, int32_t
 frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
     : QDialog(owner, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint |
                          Qt::MSWindowsFixedSizeDialogHint),
-      tw_(owner != nullptr ? Twips::Of(*owner) : Twips{}), ownerWidth_(ownerWidth) {
+      tw_(Twips::Of(owner != nullptr ? static_cast<const QPaintDevice&>(*owner) : *this)), ownerWidth_(ownerWidth) {
   InstallAccessibility();
   setObjectName("frmMsgBox");
   setModal(true);
@@ -198,11 +199,11 @@ bool frmMsgBox::event(QEvent* e) {
 sw::MsgAnswer frmMsgBox::ShowModal() {
   answer_ = sw::MsgAnswer::None;
   if (testAnswer) return testAnswer(*this);
-  // Centred over the main window.
-  if (QWidget* owner = parentWidget()) {
-    const QPoint centre = owner->mapToGlobal(owner->rect().center());
-    move(centre - QPoint(tw_.X(layout_.width) / 2, tw_.Y(layout_.height) / 2));
-  }
+  // Centred over the main window; a box with no window under it yet, on the screen.
+  const QWidget* owner = parentWidget();
+  const QPoint centre =
+      owner != nullptr ? owner->mapToGlobal(owner->rect().center()) : screen()->availableGeometry().center();
+  move(centre - QPoint(tw_.X(layout_.width) / 2, tw_.Y(layout_.height) / 2));
   exec();
   return answer_;
 }

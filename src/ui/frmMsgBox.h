@@ -59,7 +59,7 @@ class frmMsgBox : public QDialog {
   // the title bar's bold font, the window icon and the close button.
   int TitleBarWidth(const QString& title) const;
 
-  // owner: the main window; ownerWidth: its width in twips (where long text wraps).
+  // owner: the main window (none for a notice before it is up); ownerWidth: its width in twips (where long text wraps).
   frmMsgBox(QWidget* owner, int32_t ownerWidth);
 
   // Caption, message, button set and geometry. The layout's width and height

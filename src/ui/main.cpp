@@ -1,4 +1,3 @@
-#include <malloc.h>
 #include <QApplication>
 #include <QLabel>
 #include <QThread>
@@ -12,6 +11,7 @@
 #include "ui/BenchProbe.h"
 #include "ui/FirstFrame.h"
 #include "ui/GameStyle.h"
+#include "ui/Heap.h"
 #include "ui/SignalEnd.h"
 #include "ui/frmHelp.h"
 #include "ui/frmMain.h"
@@ -21,9 +21,7 @@ int main(int argc, char* argv[]) {
   swui::CatchEndSignals();
   // Past a file-size limit a write fails with an error the game reports, instead of killing it.
   std::signal(SIGXFSZ, SIG_IGN);
-  // One heap for every thread: the sound thread and Qt's own allocate little, and a heap apiece
-  // would keep the little they free to themselves.
-  mallopt(M_ARENA_MAX, 1);
+  swui::TuneHeap();
   QApplication app(argc, argv);
   QApplication::setApplicationName("Skitterweb");
   QApplication::setApplicationVersion(QStringLiteral(SKITTERWEB_VERSION));

@@ -2,9 +2,9 @@
 # The Debian package on this system, as a player meets it: installed with apt from the file; its files
 # exactly those cmake --install put in place when it was built (INSTALL-MANIFEST, the manual page
 # compressed) and Debian's copyright, changelog and doc-base entry; the installed game started under
-# Xvfb with a fresh HOME (XDG_DATA_HOME unset) up to its first frame, its game folder made in
-# ~/.local/share with the sounds linked there, ended by SIGTERM (status 0, its options saved); then
-# purged: no file of the package is left, and no folder of its own.
+# Xvfb with a fresh HOME (XDG_DATA_HOME unset), its two first-run notices answered, up to its first
+# frame, its game folder made in ~/.local/share with the sounds linked there, ended by SIGTERM (status
+# 0, its options saved); then purged: no file of the package is left, and no folder of its own.
 #   tests/package/check.sh PACKAGE.deb INSTALL-MANIFEST
 # Installs and removes system-wide: needs root or sudo, and a system where skitterweb is not installed.
 set -euo pipefail
@@ -47,6 +47,11 @@ mkdir "$home" "$work/run"
 game=$home/.local/share/skitterweb
 x_server
 x_start "$work/run" env -u XDG_DATA_HOME HOME="$home" /usr/games/skitterweb
+for notice in LoadOptions LoadHighScoresError; do  # a first run: no options, no lists yet
+  x_wait_box "Error: $notice" && x_answer Return || fail "first run: '$(x_boxes)', not the notice $notice"
+done
+x_wait_window || fail "no main window after the notices"
+sleep 0.5
 x_screenshot "$work/first-frame.png"
 cp "$work/first-frame.png" "$(dirname "$deb")/installed-first-frame.png"
 colours=$(convert "$work/first-frame.png" -format '%k' info:)

@@ -8,10 +8,12 @@
 # Everything started here is ended, last first, when the calling shell exits; x_on_exit adds
 # the caller's own clean-up to that list.
 #
-#   x_server [--wm]             starts Xvfb (and openbox) and exports DISPLAY
+#   x_server [--wm]             starts Xvfb (and openbox), exports DISPLAY and sets x_server_pid
 #   x_start DIR COMMAND...      runs COMMAND in DIR (output to $x_log, default DIR/game.log), sets
-#                               game_pid, and returns once the main window is on screen, with the input focus
+#                               game_pid, and returns once the main window, or a notice before it, is on
+#                               screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
+#   x_wait_window [TRIES]       waits until the main window is on screen, and gives it the focus
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_box NAME [TRIES]     waits until the one box on screen is NAME, and gives it the focus
 #   x_press KEY...              presses keys, as a player would, after a short pause
@@ -41,7 +43,7 @@ x_server() {
   # -noreset: the server does not reset when its last client leaves, which would turn away a
   # client that connects at that moment (the game, while xdotool looks for its window).
   Xvfb -displayfd 3 -noreset -screen 0 1600x1200x24 -nolisten tcp 3>"$dir/display" >"$dir/xvfb.log" 2>&1 &
-  pid=$!
+  pid=$! x_server_pid=$!
   x_on_exit "kill $pid; wait $pid; rm -rf '$dir'"
   # The server writes its display number once it takes connections.
   read -r -t 20 n <"$dir/display" || true
@@ -73,10 +75,21 @@ x_start() {
     id=$(x_window)
     # With no window manager, keys go where the input focus is set: on the game, as a player's would.
     [ -n "$id" ] && { xdotool windowfocus "$id" 2>/dev/null || true; return 0; }
+    [ -n "$(x_boxes)" ] && { _x_focus_box; return 0; }
     kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
     sleep 0.05
   done
   x_fail "the main window did not come up"
+}
+
+x_wait_window() {
+  local id
+  for _ in $(seq "${1:-100}"); do
+    id=$(x_window)
+    [ -n "$id" ] && { xdotool windowfocus --sync "$id" 2>/dev/null || true; return 0; }
+    sleep 0.05
+  done
+  return 1
 }
 
 x_boxes() { xdotool search --onlyvisible --name '.' getwindowname %@ 2>/dev/null | grep -vx 'Skitterweb' || true; }

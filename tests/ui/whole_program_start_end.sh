@@ -1,10 +1,9 @@
 #!/usr/bin/env bash
-# The whole program's start and end under Xvfb. The start is one pause: keys typed from its first
-# frame until its notice is up (there are no webmaster lists yet) run no turn inside it; the first
-# key to play is the unbound one typed once the notice is answered. Then SIGTERM, SIGINT or SIGHUP
-# ends the game (and SIGINT at the start's notice, SIGTERM with a dialog open) with status 0,
-# nothing asked: the options saved as Game > Quit saves them, nothing half-written left beside
-# them, the debug log closed.
+# The whole program's start and end under Xvfb. Keys typed while the start's notice is up (there
+# are no webmaster lists yet) run no turn; the first key to play is the unbound one typed once the
+# notice is answered and the window is up. Then SIGTERM, SIGINT or SIGHUP ends the game (and SIGINT
+# at the start's notice, SIGTERM with a dialog open) with status 0, nothing asked: the options saved
+# as Game > Quit saves them, nothing half-written left beside them, the debug log closed.
 #   whole_program_start_end.sh PROGRAM SEEDS-DIR [STARTS]
 set -euo pipefail
 game=$1 seeds=$2 starts=${3:-10}
@@ -14,13 +13,17 @@ work=$(mktemp -d)
 x_on_exit "rm -rf '$work'"
 typed=0 signals=(TERM INT HUP)
 
-up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the game up at its notice
+up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the game's start at its notice
   dir=$work/$1
   mkdir "$dir" && cp "$seeds/options/two.opt" "$dir/sw.opt"
   x_start "$dir" "$game"
-  for ((i = 0; i < ${2:-0}; i++)); do [ -z "$(x_boxes)" ] || break; xdotool key "$((i % 10))"; done
-  typed=$((typed + i))
   x_wait_box "Error: LoadHighScoresError" || x_fail "$1: '$(x_boxes)' at the start"
+  for ((i = 0; i < ${2:-0}; i++)); do xdotool key "$((i % 10))"; done
+  typed=$((typed + i))
+}
+answer() {  # the notice answered, the window up
+  x_press Return
+  x_wait_window || x_fail "$dir: no main window after the notice"
 }
 end_with() {  # SIGNAL
   kill "-$1" "$game_pid"
@@ -32,13 +35,13 @@ end_with() {  # SIGNAL
 }
 
 up quit
-x_press Return
+answer
 x_press alt+g q
 for _ in $(seq 50); do kill -0 "$game_pid" 2>/dev/null || break; [ -z "$(x_boxes)" ] || x_answer Return; sleep 0.1; done
 x_ended "$game_pid" || x_fail "Game > Quit did not end the game"
 for run in $(seq "$starts"); do
   up "start$run" 40
-  x_press Return
+  answer
   sleep 0.3
   x_press z
   sleep 0.3
@@ -49,7 +52,7 @@ done
 up notice
 end_with INT
 up dialog
-x_press Return
+answer
 x_press alt+o c
 x_wait_box Controls || x_fail "no Controls dialog: '$(x_boxes)'"
 end_with TERM

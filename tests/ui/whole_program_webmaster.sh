@@ -22,6 +22,7 @@ start
 for notice in LoadOptions LoadHighScoresError; do  # no options file, no lists yet
   x_wait_box "Error: $notice" && x_press Return || x_fail "first start: '$(x_boxes)', not $notice"
 done
+x_wait_window || x_fail "no main window after the notices"
 easy
 named=""  # wait ('0') until a game earns a row, answering every box
 for _ in $(seq 1500); do
