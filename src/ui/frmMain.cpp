@@ -15,6 +15,7 @@
 #include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
 #include "ui/Accessible.h"
+#include "ui/BoardInput.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
 
@@ -56,6 +57,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   grdMap = new MapGrid(pictures_, central_);
   grdMap->setMouseTracking(true);
   grdMap->installEventFilter(this);
+  grdMapInput = new BoardInput(*this);
 
   BuildInfoBar();
   BuildMenus();
@@ -150,7 +152,7 @@ void frmMain::keyPressEvent(QKeyEvent* e) {
     return;
   }
   e->accept();
-  sw.news.Form_KeyPress(KeyAscii);
+  sw.input.Form_KeyPress(KeyAscii);
 }
 
 void frmMain::closeEvent(QCloseEvent* e) {

@@ -28,6 +28,7 @@ class QMenu;
 namespace swui {
 
 class Announcer;
+class BoardInput;
 class ProgBar;
 
 class frmMain : public QMainWindow, public sw::IMainWindow {
@@ -78,6 +79,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void Announce(const std::string& text) override;
   void SendKeys(const std::string& keys) override;
   void ShowDialog(sw::Dialog which) override;
+  void ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) override;
+  int16_t PopupMenu(const std::vector<sw::PopupItem>& items) override;
 
   // &HBBGGRR values and system colours as Qt colours.
   static QColor ToQColor(uint32_t bgr);
@@ -98,6 +101,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
 
   // ---- controls
   MapGrid* grdMap = nullptr;
+  BoardInput* grdMapInput = nullptr;  // the mouse and touch over the board
   QFrame* pctInfoBar = nullptr;
   QLabel *lblScoreT = nullptr, *lblScore = nullptr;
   QLabel *lblHighScoreT = nullptr, *lblHighScore = nullptr;
