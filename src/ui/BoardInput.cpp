@@ -122,7 +122,9 @@ QCursor BoardInput::StepPointer(int16_t nDir) const {
   QCursor pointer(Qt::ArrowCursor);
   if (!pm.isNull()) {
     pm.setDevicePixelRatio(dpr);
-    pointer = QCursor(pm, 16, 16);
+    // The hot spot is the centre. X11 takes it in the picture's own pixels, not at the screen's scale.
+    const int hot = QGuiApplication::platformName() == QLatin1String("xcb") ? device / 2 : 16;
+    pointer = QCursor(pm, hot, hot);
   }
   return pointers_.emplace(key, pointer).first->second;
 }
