@@ -6,7 +6,8 @@
 // The sheet has a light and a dark half. Each half shows the map pictures in a row of
 // map cells at 1x (32 px) and at 2x (64 px), a small stretch of map with pictures side
 // by side (1x, with grid lines as the game draws them), the pointer, the nine pointers
-// of the board's steps at 1x and 2x over map cells, and the icon at 16 to 128 px. Exit status: the number of pictures that could not be read.
+// of the board's steps at 1x and 2x over map cells, and the icon at 16 to 128 px. Exit status: the number of pictures
+// that could not be read.
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>

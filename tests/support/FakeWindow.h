@@ -79,13 +79,11 @@ class FakeWindow : public IMainWindow {
   void SendKeys(const std::string&) override {}
   int16_t stepDir = 0;  // ShowStep
   CoordPair outline;
-  int steps = 0;                     // ShowStep calls
   std::vector<PopupItem> popup;      // the last pop-up menu's items
   std::function<int16_t()> onPopup;  // the item the player picks; none when unset
   void ShowStep(int16_t nDir, const CoordPair& ct) override {
     stepDir = nDir;
     outline = ct;
-    ++steps;
   }
   int16_t PopupMenu(const std::vector<PopupItem>& items) override {
     popup = items;
