@@ -99,6 +99,9 @@ int16_t BoardInput::PopupMenu(const std::vector<sw::PopupItem>& items) {
   QMenu menu(&w_);
   menu.setObjectName("menBoard");
   menu.setAccessibleName(tr("Board"));
+  // A click that closes the menu takes no step, and while it is open no cell is outlined.
+  menu.setAttribute(Qt::WA_NoMouseReplay);
+  Hover(std::nullopt);
   std::vector<QAction*> actions;
   for (const sw::PopupItem& item : items) {
     QAction* a = menu.addAction(QString::fromStdString(item.caption));
