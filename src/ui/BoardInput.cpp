@@ -4,7 +4,6 @@
 #include <QMenu>
 #include <QMouseEvent>
 #include <QStyleHints>
-#include <QTouchEvent>
 
 #include "ui/PictureRender.h"
 #include "ui/frmMain.h"
@@ -14,7 +13,6 @@ namespace swui {
 BoardInput::BoardInput(frmMain& w) : QObject(&w), w_(w) {
   hold_.setSingleShot(true);
   connect(&hold_, &QTimer::timeout, this, &BoardInput::Held);
-  w.grdMap->setAttribute(Qt::WA_AcceptTouchEvents);
   w.grdMap->installEventFilter(this);
 }
 
@@ -28,65 +26,51 @@ void BoardInput::Hover(std::optional<QPoint> at) { w_.sw.input.grdMap_MouseMove(
 bool BoardInput::eventFilter(QObject* watched, QEvent* e) {
   if (watched != w_.grdMap) return false;
   switch (e->type()) {
-    case QEvent::MouseMove:
-      Hover(static_cast<QMouseEvent*>(e)->position().toPoint());
+    case QEvent::MouseMove: {
+      auto* me = static_cast<QMouseEvent*>(e);
+      // A finger that moves is no hold: it shows the step toward it.
+      if (hold_.isActive() &&
+          (me->position().toPoint() - touchStart_).manhattanLength() > QApplication::startDragDistance())
+        hold_.stop();
+      touchAt_ = me->position().toPoint();
+      Hover(touchAt_);
       return false;  // the window's pointer rule sees it too
+    }
     case QEvent::Enter: Hover(static_cast<QEnterEvent*>(e)->position().toPoint()); return false;
     case QEvent::Leave: Hover(std::nullopt); return false;
-    case QEvent::MouseButtonPress: {
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonDblClick: {  // two quick clicks are two steps
       auto* me = static_cast<QMouseEvent*>(e);
-      if (me->button() == Qt::LeftButton) pressed_ = true;
-      if (me->button() != Qt::RightButton) return false;
-      menuAt_ = me->globalPosition().toPoint();
-      w_.sw.input.grdMap_MouseDown(2);
-      return true;
+      if (me->button() == Qt::RightButton) {
+        menuAt_ = me->globalPosition().toPoint();
+        w_.sw.input.grdMap_MouseDown(2);
+        return true;
+      }
+      if (me->button() != Qt::LeftButton) return false;
+      pressed_ = true;
+      held_ = false;
+      // A finger (the toolkit turns a touch the board does not take into mouse events) held still opens the menu.
+      touchStart_ = touchAt_ = me->position().toPoint();
+      if (Touching(*me)) hold_.start(QGuiApplication::styleHints()->mousePressAndHoldInterval());
+      return false;
     }
     case QEvent::MouseButtonRelease: {
       auto* me = static_cast<QMouseEvent*>(e);
       if (me->button() != Qt::LeftButton || !std::exchange(pressed_, false)) return false;
-      // Released off the board (the board keeps the pointer while a button is down): nothing.
+      hold_.stop();
+      // Released off the board (the board keeps the pointer while a button is down), or after a hold: nothing.
       const sw::CoordPair cell = CellAt(me->position().toPoint());
-      if (cell.nCol >= 0) w_.sw.input.grdMap_MouseUp(1, cell);
+      if (!held_ && cell.nCol >= 0) w_.sw.input.grdMap_MouseUp(1, cell);  // a tap is a click too
+      if (Touching(*me)) Hover(std::nullopt);                             // the finger has gone
       return true;
     }
     case QEvent::ContextMenu: return true;  // the secondary button's press opens the menu
-    case QEvent::TouchBegin:
-    case QEvent::TouchUpdate:
-    case QEvent::TouchEnd:
-    case QEvent::TouchCancel: return Touch(*static_cast<QTouchEvent*>(e));
     default: return false;
   }
 }
 
-bool BoardInput::Touch(QTouchEvent& e) {
-  e.accept();
-  if (e.points().isEmpty()) return true;
-  touchAt_ = e.points().first().position().toPoint();
-  switch (e.type()) {
-    case QEvent::TouchBegin:
-      touchStart_ = touchAt_;
-      held_ = false;
-      hold_.start(QGuiApplication::styleHints()->mousePressAndHoldInterval());
-      Hover(touchAt_);
-      break;
-    case QEvent::TouchUpdate:
-      // A finger that moves is no hold: it shows the step toward it.
-      if ((touchAt_ - touchStart_).manhattanLength() > QApplication::startDragDistance()) hold_.stop();
-      Hover(touchAt_);
-      break;
-    case QEvent::TouchEnd: {
-      hold_.stop();
-      const sw::CoordPair cell = CellAt(touchAt_);
-      if (!held_ && cell.nCol >= 0) w_.sw.input.grdMap_MouseUp(1, cell);  // a tap is a click
-      Hover(std::nullopt);
-      break;
-    }
-    default:
-      hold_.stop();
-      Hover(std::nullopt);
-      break;
-  }
-  return true;
+bool BoardInput::Touching(const QMouseEvent& e) {
+  return e.pointingDevice() != nullptr && e.pointingDevice()->type() == QInputDevice::DeviceType::TouchScreen;
 }
 
 void BoardInput::Held() {

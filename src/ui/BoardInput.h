@@ -17,7 +17,7 @@
 
 #include "runtime/MainWindow.h"
 
-class QTouchEvent;
+class QMouseEvent;
 
 namespace swui {
 
@@ -42,7 +42,8 @@ class BoardInput : public QObject {
  private:
   // The pointer or a finger is at this point of the board (nothing: it left the board).
   void Hover(std::optional<QPoint> at);
-  bool Touch(QTouchEvent& e);
+  // The event comes from a finger on a touch screen.
+  static bool Touching(const QMouseEvent& e);
   sw::CoordPair CellAt(QPoint at) const;
   // The touch has been held still: the board's menu, under the finger.
   void Held();

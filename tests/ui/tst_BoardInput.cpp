@@ -48,7 +48,8 @@ class TestBoardInput : public QObject {
   void cleanup() { s_.reset(); }
 
   // A click takes the step toward the cell, each of the eight ways, or Pause on Whisk's own cell;
-  // pressed on the board and released off it, nothing. While a box is up the board takes no click.
+  // pressed on the board and released off it, nothing. While a box is up the board takes no click;
+  // a double click is two steps.
   void clicks() {
     frmMain& w = s_->w;
     const std::pair<QPoint, QPoint> cases[] = {{{2, 2}, {4, 4}}, {{5, 0}, {5, 4}},  {{9, 1}, {6, 4}},
@@ -72,6 +73,8 @@ class TestBoardInput : public QObject {
     QCOMPARE(w.sw.game.gnMoveCount, int16_t{0});
     QTest::mouseClick(w.windowHandle(), Qt::LeftButton, {}, right);
     QCOMPARE(Whisk(w), QPoint(6, 5));
+    QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, right);  // two quick clicks, two steps
+    QCOMPARE(Whisk(w), QPoint(8, 4));                                 // right, then up-right from there
   }
 
   // The secondary button opens the board's menu; its Wait plays as its key (a touch held, below, picks Link).
