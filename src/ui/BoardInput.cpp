@@ -10,7 +10,7 @@
 
 namespace swui {
 
-BoardInput::BoardInput(frmMain& w) : QObject(&w), w_(w) {
+BoardInput::BoardInput(frmMain& w) : w_(w) {
   hold_.setSingleShot(true);
   connect(&hold_, &QTimer::timeout, this, &BoardInput::Held);
   w.grdMap->installEventFilter(this);
@@ -128,10 +128,14 @@ void BoardInput::ShowStep(int16_t nDir, const sw::CoordPair& ct) {
 // ---------------------------------------------------------------------------
 // The window's side of the seam
 
-void frmMain::ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) { grdMapInput->ShowStep(nDir, ctOutline); }
+// (While the window is being taken down, the board's side is gone first: nothing to show.)
+void frmMain::ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) {
+  if (grdMapInput_) grdMapInput_->ShowStep(nDir, ctOutline);
+}
 
 int16_t frmMain::PopupMenu(const std::vector<sw::PopupItem>& items) {
-  const int16_t chosen = grdMapInput->PopupMenu(items);
+  if (!grdMapInput_) return -1;
+  const int16_t chosen = grdMapInput_->PopupMenu(items);
   ReturnFocus();
   return chosen;
 }

@@ -57,7 +57,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   grdMap = new MapGrid(pictures_, central_);
   grdMap->setMouseTracking(true);
   grdMap->installEventFilter(this);
-  grdMapInput = new BoardInput(*this);
+  grdMapInput_ = std::make_unique<BoardInput>(*this);
 
   BuildInfoBar();
   BuildMenus();

@@ -101,7 +101,6 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
 
   // ---- controls
   MapGrid* grdMap = nullptr;
-  BoardInput* grdMapInput = nullptr;  // the mouse and touch over the board
   QFrame* pctInfoBar = nullptr;
   QLabel *lblScoreT = nullptr, *lblScore = nullptr;
   QLabel *lblHighScoreT = nullptr, *lblHighScore = nullptr;
@@ -173,6 +172,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   int32_t gridHeightTw_ = 0;
   bool quitting_ = false;
   std::map<sw::Label, QLabel*> labels_;
+  // The mouse and touch over the board. Gone first, before the model and the controls, so that
+  // no event the controls get as they go reaches the model.
+  std::unique_ptr<BoardInput> grdMapInput_;
 };
 
 }  // namespace swui
