@@ -7,6 +7,7 @@
 #include "debuglog/DebugSession.h"
 #include "game/Game.h"
 #include "game/MainMenu.h"
+#include "game/PlayerInput.h"
 #include "game/Review.h"
 #include "game/StateDump.h"
 #include "game/TurnSummary.h"
@@ -26,7 +27,12 @@ namespace sw {
 
 class Skitterweb {
  public:
-  explicit Skitterweb(IMainWindow& window) : frmMain(window) {}
+  explicit Skitterweb(IMainWindow& window) : frmMain(window) {
+    // The step shown over the board follows the game when the pointer stands still: every
+    // command updates it, and so does every pause as it begins and ends.
+    shell.onPause = [this] { input.Update(); };
+    menu.onCommandEnd = [this] { input.Update(); };
+  }
   Skitterweb(const Skitterweb&) = delete;
   Skitterweb& operator=(const Skitterweb&) = delete;
 
@@ -46,8 +52,9 @@ class Skitterweb {
   DebugMarkDialog mark{opts, dbg, frmMain};
   SelectDialog select{dbg, shell, frmMain};
   CommandListDialog controls{opts, dbg, shell, select, frmMain};
-  TurnSummary news{game, engine, frmMain};  // the key handler, with the news of each turn
-  Review review{game, frmMain};             // the review keys' cursor
+  TurnSummary news{game, engine, frmMain};                   // the key handler, with the news of each turn
+  PlayerInput input{game, opts, dbg, shell, news, frmMain};  // keys, clicks and taps; the step a click takes
+  Review review{game, frmMain};                              // the review keys' cursor
   MainMenu menu{game,  opts, optsFile,   dbg,    session, dump,     shell,
                 score, hs,   webmasters, engine, mark,    controls, frmMain};
 };

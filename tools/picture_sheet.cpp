@@ -5,8 +5,9 @@
 //
 // The sheet has a light and a dark half. Each half shows the map pictures in a row of
 // map cells at 1x (32 px) and at 2x (64 px), a small stretch of map with pictures side
-// by side (1x, with grid lines as the game draws them), the pointer and the icon at
-// 16 to 128 px. Exit status: the number of pictures that could not be read.
+// by side (1x, with grid lines as the game draws them), the pointer, the nine pointers
+// of the board's steps at 1x and 2x over map cells, and the icon at 16 to 128 px. Exit status: the number of pictures
+// that could not be read.
 #include <QDir>
 #include <QFont>
 #include <QGuiApplication>
@@ -173,6 +174,21 @@ int DrawPanel(QPainter& p, Pictures& pics, const Theme& t, int y0, bool measureO
     }
   }
   y += 4 * 32 + 14;
+  // The board's pointers, one per step, in keypad order: over map cells at 1x and at 2x.
+  if (!measureOnly) Heading(p, t, kPad, y, "board pointers 1x (32 px cells) and 2x (64 px), hot spot at the centre");
+  y += 20;
+  if (!measureOnly) {
+    for (int i = 0; i < 9; ++i) {
+      const QString name = QString("pointer%1").arg(kLabel[i]);
+      const int x = kPad + i * (64 + kGap);
+      DrawCells(p, pics, t, x + 16, y, 32, {QString()}, 1);
+      pics.Draw(p, name, QRectF(x + 16, y, 32, 32));
+      Caption(p, t, x, y + 34, 64, kLabel[i]);
+      DrawCells(p, pics, t, x, y + 52, 64, {QString()}, 1);
+      pics.Draw(p, name, QRectF(x, y + 52, 64, 64));
+    }
+  }
+  y += 52 + 64 + 14;
   if (!measureOnly) {
     Heading(p, t, kPad, y, "icon 64, 128");
     pics.Draw(p, "icon", QRectF(kPad, y + 20 + 64, 64, 64));

@@ -39,6 +39,7 @@ void MainMenu::Run(const char* szProc, const std::function<void()>& command) {
   } catch (const RuntimeError& e) {
     shell.ReportError(szProc, e);
   }
+  if (onCommandEnd) onCommandEnd();
 }
 
 void MainMenu::RecordGame() {

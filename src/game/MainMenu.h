@@ -52,6 +52,9 @@ class MainMenu {
   void menAbout_Click();
   void menCredits_Click();
 
+  // Called after every command of the menus, the difficulty label and the close box.
+  std::function<void()> onCommandEnd;
+
   // Ends the program at once, as Quit does but asking nothing and playing
   // nothing: the options are saved and the debug log is closed and kept.
   void EndSession();

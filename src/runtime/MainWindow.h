@@ -5,6 +5,7 @@
 // implements it; tests replace it by a recording fake with scripted answers.
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "runtime/GameState.h"
 
@@ -67,6 +68,14 @@ enum class Menu {
 // The dialogs the model opens. Each one's state and behaviour live in a
 // Qt-free class of the model; the window lays it out and forwards its events.
 enum class Dialog { frmHighScore, frmCommandList, frmSelect, frmDebugMark };
+
+// An item of a pop-up menu: its caption ("&" before its access key; after a tab, the key
+// that gives it) and whether it can be chosen.
+struct PopupItem {
+  std::string caption;
+  bool bEnabled = true;
+  bool operator==(const PopupItem&) const = default;
+};
 
 // Colours are 24-bit values with red in the low byte (&HBBGGRR).
 namespace color {
@@ -133,6 +142,13 @@ class IMainWindow {
 
   // Says a short text to the player's screen reader, wherever the keyboard focus is.
   virtual void Announce(const std::string& text) = 0;
+
+  // The step a click on the board would take where the pointer is: the direction pointer
+  // shown over the board (1 to 9 as on the keypad; 0 for none: the window's own pointer)
+  // and the cell outlined as the one Whisk would land on ((-1, -1): none).
+  virtual void ShowStep(int16_t nDir, const CoordPair& ctOutline) = 0;
+  // A pop-up menu at the pointer, shown modally; returns the index of the item chosen, -1 for none.
+  virtual int16_t PopupMenu(const std::vector<PopupItem>& items) = 0;
 };
 
 }  // namespace sw

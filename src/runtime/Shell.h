@@ -2,6 +2,7 @@
 // The model's side of the main window: the timed pause, the program's own
 // message box and sound playback, each reached through the window seam.
 #include <cstdint>
+#include <functional>
 #include <string>
 
 #include "runtime/MainWindow.h"
@@ -18,6 +19,8 @@ class Shell {
   Shell(GameState& game, Options& opts, TraceLog& dbg, IMainWindow& frmMain);
 
   MsgAnswer gnMsgReturn = MsgAnswer::None;  // the answer of the last message box
+  // Called when the first of overlapping pauses begins and when the last of them ends.
+  std::function<void()> onPause;
 
   // A timed pause, or any stretch that must be kept like one: while one lives,
   // gbSleepOn is set, so key presses are dropped and the guarded commands

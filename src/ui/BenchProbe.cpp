@@ -2,8 +2,10 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QMouseEvent>
 #include <QPushButton>
 #include <QTimer>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <string>
@@ -59,12 +61,54 @@ int PlainDirection(frmMain& w, int turn) {
   return 0;
 }
 
+double Microseconds(std::chrono::steady_clock::duration d) {
+  return std::chrono::duration<double, std::micro>(d).count();
+}
+
+// The pointer swept over the board, then plain moves with it standing still; see the header.
+void BenchHover(frmMain& w, int n) {
+  MapGrid& grid = *w.grdMap;
+  const QRect board = grid.CellRect(0, 0).united(grid.CellRect(grid.columnCount() - 1, grid.rowCount() - 1));
+  using Clock = std::chrono::steady_clock;
+  Clock::duration spent{};
+  long steps = 0, painting = 0;
+  const qint64 painted0 = grid.PaintedPixels();
+  for (int y = board.top() + 2; y < board.bottom(); y += 8)
+    for (int i = 0; i < board.width() / 4; ++i, ++steps) {
+      // Row by row, back and forth, as a hand would sweep it.
+      const int x = (y / 8) % 2 == 0 ? board.left() + 4 * i : board.right() - 4 * i;
+      const qint64 before = grid.PaintedPixels();
+      const Clock::time_point t0 = Clock::now();
+      QMouseEvent move(QEvent::MouseMove, QPointF(x, y), grid.mapToGlobal(QPointF(x, y)), Qt::NoButton, Qt::NoButton,
+                       Qt::NoModifier);
+      QCoreApplication::sendEvent(&grid, &move);
+      QCoreApplication::sendPostedEvents(nullptr, QEvent::UpdateRequest);
+      spent += Clock::now() - t0;
+      painting += grid.PaintedPixels() != before ? 1 : 0;
+    }
+  const qint64 hoverPixels = grid.PaintedPixels() - painted0;
+  Clock::duration turns{};
+  const qint64 painted1 = grid.PaintedPixels();
+  int moves = 0;
+  for (int turn = 0; moves < n && turn < 50 * n; ++turn) {
+    const int dir = PlainDirection(w, turn / 3);
+    const auto key = static_cast<Qt::Key>(Qt::Key_0 + (dir == 0 ? 5 : dir));
+    const Clock::time_point t0 = Clock::now();
+    Key(w, key);
+    turns += Clock::now() - t0;
+    ++moves;
+  }
+  std::fprintf(stderr, "hover: %ld %.1f %.0f %ld turn: %d %.1f %.0f\n", steps, Microseconds(spent) / double(steps),
+               double(hoverPixels) / double(steps), painting, moves, Microseconds(turns) / moves,
+               double(grid.PaintedPixels() - painted1) / moves);
+}
+
 }  // namespace
 
 void StartBenchMoves(frmMain& w) {
+  const char* hover = std::getenv("SKITTERWEB_BENCH_HOVER");
   const char* moves = std::getenv("SKITTERWEB_BENCH_MOVES");
-  if (moves == nullptr) return;
-  const int n = std::atoi(moves);
+  if (hover == nullptr && moves == nullptr) return;
   // Nobody is there to answer: boxes take their default, other dialogs are closed.
   frmMsgBox::testAnswer = [](frmMsgBox& box) {
     ++boxes;
@@ -75,6 +119,19 @@ void StartBenchMoves(frmMain& w) {
     if (QWidget* modal = QApplication::activeModalWidget()) modal->close();
   });
   closer->start(50);
+  if (hover != nullptr) {
+    const int n = std::atoi(hover);
+    auto* begin = new QTimer(&w);
+    QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
+      if (w.sw.game.gbSleepOn != 0) return;
+      begin->stop();
+      BenchHover(w, n);
+      QCoreApplication::exit(0);
+    });
+    begin->start(500);
+    return;
+  }
+  const int n = std::atoi(moves);
   // The moves begin once the start is over: keys typed inside its pause play nothing.
   auto* begin = new QTimer(&w);
   QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {

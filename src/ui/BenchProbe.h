@@ -10,6 +10,12 @@ class frmMain;
 // them), each painted at once, then ends. Every plain move runs in
 // MeasuredMove, which the instruction benchmark counts; any other step runs
 // outside it. Writes "moves=<measured> boxes=<boxes during them>" to stderr.
+//
+// SKITTERWEB_BENCH_HOVER=N instead: once the game is up, sweeps the pointer over the
+// whole board row by row, 4 pixels a step, each step painted at once, then plays N plain
+// moves with the pointer standing on the board. Writes "hover: <steps> <microseconds per
+// step> <pixels painted per step> <steps that painted> turn: <moves> <microseconds per move>
+// <pixels per move>" to stderr, then ends.
 void StartBenchMoves(frmMain& w);
 
 }  // namespace swui

@@ -167,6 +167,22 @@ QRect MapGrid::CellRect(int col, int row) const {
   return {o.x() + col * cellW_, o.y() + row * cellH_, cellW_, cellH_};
 }
 
+QPoint MapGrid::CellAt(QPoint at) const {
+  const QPoint o = Origin();
+  if (at.x() < o.x() || at.y() < o.y()) return {-1, -1};
+  const int col = (at.x() - o.x()) / cellW_, row = (at.y() - o.y()) / cellH_;
+  return col < cols_ && row < rows_ ? QPoint(col, row) : QPoint(-1, -1);
+}
+
+void MapGrid::SetOutline(int col, int row) {
+  const QPoint cell = col >= 0 && row >= 0 && col < cols_ && row < rows_ ? QPoint(col, row) : QPoint(-1, -1);
+  if (cell == outline_) return;
+  // Only the two cells whose outline changes are painted again.
+  if (outline_.x() >= 0) update(CellRect(outline_.x(), outline_.y()));
+  outline_ = cell;
+  if (outline_.x() >= 0) update(CellRect(outline_.x(), outline_.y()));
+}
+
 QColor MapGrid::BoardColor() const {
   // A quiet board a shade away from the window, so that the pictures stand out.
   const QPalette& pal = palette();
@@ -178,7 +194,10 @@ QColor MapGrid::LineColor() const { return Mix(BoardColor(), palette().color(QPa
 void MapGrid::paintEvent(QPaintEvent* e) {
   QPainter p(this);
   // The cells that changed are scattered over the board: each is painted on its own.
-  for (const QRect& dirty : e->region()) PaintArea(p, dirty);
+  for (const QRect& dirty : e->region()) {
+    PaintArea(p, dirty);
+    painted_ += qint64{dirty.width()} * dirty.height();
+  }
 }
 
 void MapGrid::PaintArea(QPainter& p, const QRect& dirty) {
@@ -210,6 +229,12 @@ void MapGrid::PaintArea(QPainter& p, const QRect& dirty) {
   const int inner = std::min(cellW_, cellH_) - line;
   if (inner <= 0) return;
   const qreal dpr = p.device()->devicePixelRatioF();
+  const bool outlined = outline_.x() >= c0 && outline_.x() <= c1 && outline_.y() >= r0 && outline_.y() <= r1;
+  // The landing cell: a soft wash under its picture and a ring over it, inside the grid lines.
+  const QColor mark = palette().color(QPalette::Highlight);
+  const QRectF landing =
+      outlined ? QRectF(CellRect(outline_.x(), outline_.y()).adjusted(0, 0, -line, -line)) : QRectF();
+  if (outlined) p.fillRect(landing.intersected(QRectF(area)), QColor(mark.red(), mark.green(), mark.blue(), 48));
   for (int r = r0; r <= r1; ++r)
     for (int c = c0; c <= c1; ++c) {
       const sw::Picture pic = cells_[static_cast<size_t>(r) * static_cast<size_t>(cols_) + static_cast<size_t>(c)];
@@ -219,6 +244,15 @@ void MapGrid::PaintArea(QPainter& p, const QRect& dirty) {
           QPoint(cell.left() + (cell.width() - line - inner) / 2, cell.top() + (cell.height() - line - inner) / 2),
           pictures_.Pixmap(pic, inner, dpr));
     }
+  if (!outlined) return;
+  const qreal pen = std::max(2, inner / 16);
+  p.save();
+  p.setClipRect(area);
+  p.setRenderHint(QPainter::Antialiasing);
+  p.setPen(QPen(mark, pen));
+  p.setBrush(Qt::NoBrush);
+  p.drawRoundedRect(landing.adjusted(pen / 2 + 1, pen / 2 + 1, -pen / 2 - 1, -pen / 2 - 1), pen * 2, pen * 2);
+  p.restore();
 }
 
 void MapGrid::resizeEvent(QResizeEvent* e) {

@@ -59,6 +59,13 @@ class MapGrid : public QWidget {
   void StartReporting();
   // Where a cell is drawn, in the board's coordinates.
   QRect CellRect(int col, int row) const;
+  // The cell at a point of the board; (-1, -1) off the cells.
+  QPoint CellAt(QPoint at) const;
+  // The cell outlined as the landing cell of the step a click would take; (-1, -1): none.
+  void SetOutline(int col, int row);
+  QPoint Outline() const { return outline_; }
+  // The pixels painted since the board was made (the benchmarks read it).
+  qint64 PaintedPixels() const { return painted_; }
   // The board's colours, taken from the window's palette.
   QColor BoardColor() const;
   QColor LineColor() const;
@@ -83,6 +90,8 @@ class MapGrid : public QWidget {
   int cols_ = 0, rows_ = 0;
   int cellW_ = 1, cellH_ = 1;
   bool showGrid_ = true;
+  QPoint outline_{-1, -1};
+  qint64 painted_ = 0;
 };
 
 }  // namespace swui

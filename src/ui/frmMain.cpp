@@ -15,6 +15,7 @@
 #include "options/frmSelect.h"
 #include "scoring/frmHighScore.h"
 #include "ui/Accessible.h"
+#include "ui/BoardInput.h"
 #include "ui/Heap.h"
 #include "ui/ProgBar.h"
 #include "ui/frmMsgBox.h"
@@ -62,6 +63,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   grdMap = new MapGrid(pictures_, central_);
   grdMap->setMouseTracking(true);
   grdMap->installEventFilter(this);
+  grdMapInput_ = std::make_unique<BoardInput>(*this);
 
   BuildInfoBar();
   BuildMenus();
@@ -156,7 +158,7 @@ void frmMain::keyPressEvent(QKeyEvent* e) {
     return;
   }
   e->accept();
-  sw.news.Form_KeyPress(KeyAscii);
+  sw.input.Form_KeyPress(KeyAscii);
 }
 
 void frmMain::closeEvent(QCloseEvent* e) {

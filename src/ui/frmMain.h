@@ -28,6 +28,7 @@ class QMenu;
 namespace swui {
 
 class Announcer;
+class BoardInput;
 class ProgBar;
 
 class frmMain : public QMainWindow, public sw::IMainWindow {
@@ -78,6 +79,8 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void Announce(const std::string& text) override;
   void SendKeys(const std::string& keys) override;
   void ShowDialog(sw::Dialog which) override;
+  void ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) override;
+  int16_t PopupMenu(const std::vector<sw::PopupItem>& items) override;
 
   // &HBBGGRR values and system colours as Qt colours.
   static QColor ToQColor(uint32_t bgr);
@@ -173,6 +176,9 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   int32_t gridHeightTw_ = 0;
   bool quitting_ = false;
   std::map<sw::Label, QLabel*> labels_;
+  // The mouse and touch over the board. Gone first, before the model and the controls, so that
+  // no event the controls get as they go reaches the model.
+  std::unique_ptr<BoardInput> grdMapInput_;
 };
 
 }  // namespace swui

@@ -77,6 +77,18 @@ class FakeWindow : public IMainWindow {
     if (record) announced.push_back(text);
   }
   void SendKeys(const std::string&) override {}
+  int16_t stepDir = 0;  // ShowStep
+  CoordPair outline;
+  std::vector<PopupItem> popup;      // the last pop-up menu's items
+  std::function<int16_t()> onPopup;  // the item the player picks; none when unset
+  void ShowStep(int16_t nDir, const CoordPair& ct) override {
+    stepDir = nDir;
+    outline = ct;
+  }
+  int16_t PopupMenu(const std::vector<PopupItem>& items) override {
+    popup = items;
+    return onPopup ? onPopup() : int16_t{-1};
+  }
   void ShowDialog(Dialog which) override {
     dialogs.push_back(which);
     if (onDialog) onDialog(which);

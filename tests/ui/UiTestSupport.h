@@ -55,6 +55,19 @@ struct Session {
   }
 };
 
+// The mouse at (5,5) standing; the viruses where the test wants them.
+inline void PlaceBoard(swui::frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
+  sw::GameState& g = w.sw.game;
+  w.sw.engine.ResetObjects();
+  g.gnPlayerDir = 5;
+  w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
+  g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
+  g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
+  w.sw.engine.DrawViruses();
+  g.gbEndSite = -1;
+  g.gnMoveCount = 0;
+}
+
 // Runs `step` on the next modal dialog once it is open (call before opening it); the step closes
 // it. A dialog of another kind, or one left open, fails the test and is closed.
 template <class Dialog, class F>

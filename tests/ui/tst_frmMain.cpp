@@ -35,18 +35,6 @@ QString MapMismatch(const frmMain& w) {
   return {};
 }
 
-// The mouse at (5,5) standing; the viruses where the test wants them.
-void Board(frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
-  sw::GameState& g = w.sw.game;
-  w.sw.engine.ResetObjects();
-  g.gnPlayerDir = 5;
-  w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
-  g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
-  g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
-  w.sw.engine.DrawViruses();
-  g.gbEndSite = -1;
-}
-
 // Takes samples about as slowly as a sound card would, and writes down what happened to each
 // clip (read once the player is idle).
 struct Recorder : swui::SoundOutput {
@@ -160,7 +148,7 @@ class TestFrmMain : public QObject {
       sw::OptionProfile& op = w.sw.opts.Current();
       if (c.key == 'W') op.nProfile = 2;
       op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = c.pause;
-      Board(w, {{20, 10}});
+      uitest::PlaceBoard(w, {{20, 10}});
       if (c.key == 'W')
         QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
       else
@@ -173,12 +161,12 @@ class TestFrmMain : public QObject {
   }
 
   // During the pause of a move on Nightmare, a menu command (its refusal sound pauses too), closing the
-  // window and a move key each run nothing; a review key still reads the board.
+  // window, a move key and a click on the board each run nothing; a review key still reads the board.
   void aPauseKeepsTurnsOut() {
     frmMain& w = s_->w;
     w.sw.opts.Current().nDiff = 4;
     w.sw.opts.Current().bSound = -1;
-    Board(w, {{20, 10}, {20, 2}});
+    uitest::PlaceBoard(w, {{20, 10}, {20, 2}});
     const int16_t games = w.sw.game.gnGameNum;
     QString said;
     QTimer poll;
@@ -188,6 +176,7 @@ class TestFrmMain : public QObject {
       w.menNewGame->trigger();
       w.close();
       QTest::keyClick(&w, '8');
+      QTest::mouseClick(w.grdMap, Qt::LeftButton, {}, w.grdMap->CellRect(9, 5).center());
       QTest::keyClick(&w, Qt::Key_Home);
       said = w.announcer->Text();
     });

@@ -1,0 +1,170 @@
+#include "game/PlayerInput.h"
+
+#include <cctype>
+#include <cstdlib>
+#include <iterator>
+#include <vector>
+
+#include "debuglog/DebugLog.h"
+#include "game/TurnSummary.h"
+#include "runtime/NumText.h"
+#include "runtime/Options.h"
+#include "runtime/RuntimeError.h"
+#include "runtime/Shell.h"
+
+namespace sw {
+
+namespace {
+
+// The keypad's digits by row change, then column change, each -1, 0 or 1.
+constexpr int16_t kPad[3][3] = {{7, 8, 9}, {4, 5, 6}, {1, 2, 3}};
+
+int Sign(int32_t v) { return (v > 0) - (v < 0); }
+
+// The board menu's captions, "&" before the access key.
+const char* MenuCaption(Command cmd) {
+  switch (cmd) {
+    case Command::Wait: return "&Wait";
+    case Command::Link: return "&Link";
+    default: return "&Pause";
+  }
+}
+
+}  // namespace
+
+int16_t DirectionToward(const CoordPair& from, const CoordPair& to) {
+  const int32_t dx = to.nCol - from.nCol, dy = to.nRow - from.nRow;
+  const int32_t ax = std::abs(dx), ay = std::abs(dy);
+  const int32_t sum2 = (ax + ay) * (ax + ay);
+  // Within the horizontal slice the row stays as it is, within the vertical one the column.
+  const int row = sum2 < 2 * ax * ax ? 0 : Sign(dy);
+  const int col = sum2 < 2 * ay * ay ? 0 : Sign(dx);
+  return kPad[row + 1][col + 1];
+}
+
+Command StepCommand(int16_t nDir) {
+  switch (nDir) {
+    case 8: return Command::MoveUp;
+    case 9: return Command::MoveUpRight;
+    case 6: return Command::MoveRight;
+    case 3: return Command::MoveDownRight;
+    case 2: return Command::MoveDown;
+    case 1: return Command::MoveDownLeft;
+    case 4: return Command::MoveLeft;
+    case 7: return Command::MoveUpLeft;
+    default: return Command::Pause;
+  }
+}
+
+int16_t KeyOfCommand(const ControlProfile& cp, Command cmd) {
+  const int16_t key = cp.*kCommandFields[static_cast<size_t>(cmd)].field;
+  return key != 0 && CommandFor(cp, KeyFor(cp, key)) == cmd ? key : 0;
+}
+
+std::string KeyCaption(int16_t key) {
+  switch (key) {
+    case 8: return "Backspace";
+    case 9: return "Tab";
+    case 13: return "Enter";
+    case 27: return "Escape";
+    case 32: return "Space";
+    default: break;
+  }
+  if (key > 32 && key < 127) return std::string(1, static_cast<char>(std::toupper(key)));
+  return NumText(int64_t{key});
+}
+
+PlayerInput::PlayerInput(const GameState& game, const Options& opts, DebugLog& dbg, Shell& shell, TurnSummary& news,
+                         IMainWindow& frmMain)
+    : game(game), opts(opts), dbg(dbg), shell(shell), news(news), frmMain(frmMain) {}
+
+bool PlayerInput::OnBoard(const CoordPair& ct) const {
+  return ct.nCol >= 0 && ct.nRow >= 0 && ct.nCol < game.gnMapCols && ct.nRow < game.gnMapRows;
+}
+
+int16_t PlayerInput::KeyOf(Command cmd) const { return KeyOfCommand(opts.CurrentKeys(), cmd); }
+
+void PlayerInput::Form_KeyPress(int16_t KeyAscii) {
+  news.Form_KeyPress(KeyAscii);
+  Update();
+}
+
+void PlayerInput::grdMap_MouseMove(const CoordPair& ct) {
+  ctHover_ = OnBoard(ct) ? ct : CoordPair{};
+  Update();
+}
+
+void PlayerInput::grdMap_MouseUp(int16_t Button, const CoordPair& ct) {
+  // Dropped, as a key is, while no command may be given.
+  if (Button != 1 || !OnBoard(ct) || !Ready()) return;
+  ctHover_ = ct;
+  try {
+    Give(Trace("frmMain.grdMap_MouseUp").In("Button", Button).In("ctCell", ct.Text()),
+         KeyOf(StepCommand(DirectionToward(game.gctPlayerPos, ct))));
+  } catch (const RuntimeError& err) {
+    shell.ReportError("frmMain.grdMap_MouseUp", err);
+  }
+  Update();
+}
+
+void PlayerInput::grdMap_MouseDown(int16_t Button) {
+  if (Button != 2 || !Ready()) return;
+  std::vector<PopupItem> items;
+  try {
+    for (Command cmd : kMenu) {
+      const int16_t key = KeyOf(cmd);
+      std::string caption = MenuCaption(cmd);
+      if (key != 0) {
+        caption += '\t';
+        // A literal "&" is written twice, as in every caption.
+        for (char c : KeyCaption(key)) caption += c == '&' ? "&&" : std::string(1, c);
+      }
+      items.push_back(PopupItem{caption, key != 0});
+    }
+  } catch (const RuntimeError& err) {
+    shell.ReportError("frmMain.grdMap_MouseDown", err);
+    return;
+  }
+  const int16_t chosen = frmMain.PopupMenu(items);
+  if (chosen >= 0 && chosen < static_cast<int16_t>(std::size(kMenu))) menBoard_Click(kMenu[chosen]);
+}
+
+void PlayerInput::menBoard_Click(Command cmd) {
+  if (!Ready()) return;
+  try {
+    Give(Trace("frmMain.menBoard_Click").In("Command", kCommandFields[static_cast<size_t>(cmd)].name), KeyOf(cmd));
+  } catch (const RuntimeError& err) {
+    shell.ReportError("frmMain.menBoard_Click", err);
+  }
+  Update();
+}
+
+void PlayerInput::Give(TraceRecord rec, int16_t key) {
+  if (dbg.On()) dbg.DebugWrite(key != 0 ? rec : rec.Note("No key gives the command"));
+  if (key != 0) news.Form_KeyPress(key);
+}
+
+void PlayerInput::Update() noexcept {
+  int16_t nDir = 0;
+  CoordPair ctOutline;
+  try {
+    if (Ready() && OnBoard(ctHover_) && OnBoard(game.gctPlayerPos)) {
+      const int16_t dir = DirectionToward(game.gctPlayerPos, ctHover_);
+      // A step that no key gives is no step a click can take.
+      if (KeyOf(StepCommand(dir)) != 0) {
+        nDir = dir;
+        ctOutline = CoordPair{static_cast<int16_t>(game.gctPlayerPos.nCol + (dir - 1) % 3 - 1),
+                              static_cast<int16_t>(game.gctPlayerPos.nRow + 1 - (dir - 1) / 3)};
+      }
+    }
+  } catch (const RuntimeError&) {
+    nDir = 0;
+    ctOutline = CoordPair{};
+  }
+  if (nDir == nDir_ && ctOutline == ctOutline_) return;
+  nDir_ = nDir;
+  ctOutline_ = ctOutline;
+  frmMain.ShowStep(nDir, ctOutline);
+}
+
+}  // namespace sw
