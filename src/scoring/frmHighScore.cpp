@@ -70,6 +70,9 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
   choose->addLayout(diffRow, 1, 1);
   lblScoreBoard->setBuddy(optType[0]);
   lblDiff->setBuddy(optDiff[1]);
+  // A label names only its buddy: every button of a row also says which row it is in.
+  for (int i = 0; i < 2; ++i) optType[i]->setAccessibleDescription(tr("Score Board"));
+  for (int i = 1; i <= 4; ++i) optDiff[i]->setAccessibleDescription(tr("Difficulty"));
 
   // The ten rows under their headings.
   grdList = new ListTable(this);

@@ -177,4 +177,7 @@ assert names == [f"Place {r} name" for r in range(1, 11)], f"the name boxes: {na
 assert pump(20, lambda: box.getState().contains(pyatspi.STATE_FOCUSED)), "the caret is not in the row earned"
 assert webmasters.description == f"All Time, Normal: place 1, score {score}. Type your name.", \
     f"the lists say: {webmasters.description!r}"
+radios = {o.name: o.description for o in walk(webmasters) if o.getRole() == pyatspi.ROLE_RADIO_BUTTON}
+assert radios == {**dict.fromkeys(["Personal", "All Time"], "Score Board"),
+                  **dict.fromkeys(["Easy", "Normal", "Hard", "Nightmare"], "Difficulty")}, f"the lists' rows: {radios}"
 click(webmasters, ("Done",))
