@@ -59,7 +59,7 @@ void MainMenu::Form_Load() {
   optsFile.LoadOptions();
   if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_Load"));
   score.InitScore();
-  game.gnPlayerDir = 5;
+  game.gnPlayerDir = Direction::Pause;
   game.gbGameOn = -1;
   game.gbWaitOn = 0;
   game.gbLinkOn = 0;

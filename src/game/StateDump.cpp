@@ -97,7 +97,7 @@ void StateDump::DebugWriteAll() {
   put("Lag Duration=" + N(game.gnLag));
   put("Lag Severity=" + N(game.gnColorLag) + LagColorName(game.pbrNetLag.BarColor));
   put("Move Count=" + N(game.gnMoveCount));
-  put("Player Direction=" + N(game.gnPlayerDir));
+  put("Player Direction=" + N(DirCode(game.gnPlayerDir)));
   put("Message Return=" + N(static_cast<int16_t>(shell.gnMsgReturn)));
   put("Wait On=" + N(game.gbWaitOn));
   put("End Site=" + N(game.gbEndSite));

@@ -18,6 +18,25 @@ struct CoordPair {
   std::string Text() const;
 };
 
+// The direction codes, numbered as the digits of a numeric keypad and laid out as on the pad:
+// 8 up, 2 down, 4 left, 6 right, 7, 9, 1 and 3 the diagonals. Pause (5) is no step: the mouse
+// stands still. Trace lines and the state dump print the digit. None (0) is no direction at
+// all; like every code outside 1 to 9 it moves nothing.
+enum class Direction : int16_t {
+  None = 0,
+  DownLeft = 1,
+  Down = 2,
+  DownRight = 3,
+  Left = 4,
+  Pause = 5,
+  Right = 6,
+  UpLeft = 7,
+  Up = 8,
+  UpRight = 9,
+};
+// The digit of a direction, as trace lines and the state dump print it.
+constexpr int16_t DirCode(Direction nDir) { return static_cast<int16_t>(nDir); }
+
 // Causes of death passed to PlayerDead.
 enum DeathCause : int16_t {
   kWalkedOntoVirus = 1,
@@ -74,7 +93,7 @@ struct GameState {
   int16_t gnSitesHit = 0;
   int16_t gnReconnects = 0;
   int16_t gnMoveCount = 0;
-  int16_t gnPlayerDir = 5;
+  Direction gnPlayerDir = Direction::Pause;
   int16_t gbEndSite = 0;
   int16_t gbWaitOn = 0;
   int16_t gbLinkOn = 0;

@@ -48,7 +48,7 @@ int PlainDirection(frmMain& w, int turn) {
     static constexpr int kDirs[8] = {4, 6, 8, 2, 7, 9, 1, 3};
     const int16_t dir = static_cast<int16_t>(kDirs[(turn + k) % 8]);
     sw::CoordPair to = g.gctPlayerPos;
-    w.sw.engine.MoveNumDir(to, dir);
+    w.sw.engine.MoveNumDir(to, static_cast<sw::Direction>(dir));
     if (to.nCol < 0 || to.nRow < 0 || to.nCol >= g.gnMapCols || to.nRow >= g.gnMapRows) continue;
     bool safe = g.gnVirusLive >= 2;
     for (int16_t i = 1; safe && i <= g.gnVirusLive; ++i) {

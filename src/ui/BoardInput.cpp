@@ -116,9 +116,10 @@ QCursor BoardInput::StepPointer(int16_t nDir) const {
   return pointers_.emplace(key, pointer).first->second;
 }
 
-void BoardInput::ShowStep(int16_t nDir, const sw::CoordPair& ct) {
+void BoardInput::ShowStep(sw::Direction nDir, const sw::CoordPair& ct) {
   w_.grdMap->SetOutline(ct.nCol, ct.nRow);
-  shown_ = nDir >= 1 && nDir <= 9 ? nDir : 0;
+  const int16_t n = sw::DirCode(nDir);
+  shown_ = n >= 1 && n <= 9 ? n : 0;
   if (shown_ != 0)
     w_.grdMap->setCursor(StepPointer(shown_));
   else
@@ -129,7 +130,7 @@ void BoardInput::ShowStep(int16_t nDir, const sw::CoordPair& ct) {
 // The window's side of the seam
 
 // (While the window is being taken down, the board's side is gone first: nothing to show.)
-void frmMain::ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) {
+void frmMain::ShowStep(sw::Direction nDir, const sw::CoordPair& ctOutline) {
   if (grdMapInput_) grdMapInput_->ShowStep(nDir, ctOutline);
 }
 

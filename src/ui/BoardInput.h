@@ -28,7 +28,7 @@ class BoardInput : public QObject {
  public:
   explicit BoardInput(frmMain& w);
 
-  void ShowStep(int16_t nDir, const sw::CoordPair& ctOutline);
+  void ShowStep(sw::Direction nDir, const sw::CoordPair& ctOutline);
   // The board's menu where the button or the finger went down; the index chosen, -1 for none.
   int16_t PopupMenu(const std::vector<sw::PopupItem>& items);
   // The pointer of a step (1 to 9, as on the keypad) at the board's scale; its hot spot is its centre.

@@ -35,7 +35,7 @@ TEST(PointerStep, EachCellGivesTheDirectionOfItsSlice) {
                           {5, -12, 9}, {-17, -7, 4}, {-12, -5, 7}, {-7, -17, 8}, {-5, -12, 7}, {23, 0, 6},
                           {0, -13, 8}, {-13, 13, 1}, {9, 9, 3}};
   for (const auto& c : cases)
-    EXPECT_EQ(DirectionToward(At(11, 6), At(11 + c[0], 6 + c[1])), c[2]) << c[0] << "," << c[1];
+    EXPECT_EQ(DirCode(DirectionToward(At(11, 6), At(11 + c[0], 6 + c[1]))), c[2]) << c[0] << "," << c[1];
 }
 
 TEST(Click, IsTheKeyOfItsStepWithItsLinesAndNewsAndNothingWhereTheKeyDoesNothing) {
@@ -89,11 +89,11 @@ TEST(PointerStep, FollowsTheGameWhileThePointerStandsStill) {
     EXPECT_EQ(step(), std::make_pair(0, CoordPair{}));
   }
   b.sw.menu.menNewGame_Click();  // Whisk laid out elsewhere: the step is worked out from there
-  const int16_t dir = DirectionToward(b.g.gctPlayerPos, At(5, 5));
+  const Direction dir = DirectionToward(b.g.gctPlayerPos, At(5, 5));
   CoordPair to = b.g.gctPlayerPos;
   b.eng.MoveNumDir(to, dir);
-  EXPECT_EQ(step(), std::make_pair(int{dir}, to));
-  EXPECT_NE(dir, 5);
+  EXPECT_EQ(step(), std::make_pair(int{DirCode(dir)}, to));
+  EXPECT_NE(dir, Direction::Pause);
   b.sw.input.grdMap_MouseMove(At(-1, -1));
   EXPECT_EQ(step(), std::make_pair(0, CoordPair{}));
 }

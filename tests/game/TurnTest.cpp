@@ -50,10 +50,11 @@ TEST(CommandsTest, EachKeyAndWhatItCosts) {
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(1, c.key) + " from " + c.from.Text());
     Board b(2, c.from, {kFar});
-    b.g.gnLag = b.g.gnPlayerDir = 2;
+    b.g.gnLag = 2;
+    b.g.gnPlayerDir = Direction::Down;
     b.Key(c.key);
     EXPECT_EQ(b.g.gctPlayerPos, c.to);
-    EXPECT_EQ(Ints({b.g.gnPlayerDir, b.g.gnMoveCount, b.g.gnLag}), Ints({c.dir, c.moves, c.lag}));
+    EXPECT_EQ(Ints({DirCode(b.g.gnPlayerDir), b.g.gnMoveCount, b.g.gnLag}), Ints({c.dir, c.moves, c.lag}));
     EXPECT_EQ(b.Viruses(), c.turn ? kFarMoved : Cells{kFar});
     // Each direction has its own picture, numbered as the keys of the pad.
     EXPECT_EQ(b.w.At(c.to.nCol, c.to.nRow), c.to != c.from ? static_cast<Picture>(c.dir) : Picture::Player5);
@@ -97,7 +98,7 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     SCOPED_TRACE(l.lag);
     Board b(2, At(10, 6), {kFar});
     b.g.gnLag = l.lag;
-    b.g.gnPlayerDir = 8;
+    b.g.gnPlayerDir = Direction::Up;
     b.g.pbrNetLag.BarColor = l.bar;
     b.Key('+');
     EXPECT_EQ(b.Viruses(), Cells{kFar});  // on normal the jump is a free turn

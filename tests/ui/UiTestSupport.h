@@ -59,7 +59,7 @@ struct Session {
 inline void PlaceBoard(swui::frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
   sw::GameState& g = w.sw.game;
   w.sw.engine.ResetObjects();
-  g.gnPlayerDir = 5;
+  g.gnPlayerDir = sw::Direction::Pause;
   w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
   g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
   g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
