@@ -41,7 +41,7 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
   // One turn never runs inside another.
   if (game.Busy() || !game.gbGameOn) return;
   try {
-    game.gbLinkOn = 0;
+    game.gbLinkOn = false;
     const ControlProfile cp = opts.CurrentKeys();
     KeyAscii = KeyFor(cp, KeyAscii);
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").In("KeyAscii", KeyText(KeyAscii)));
@@ -60,7 +60,7 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
     }
   } catch (const RuntimeError& err) {
     // The turn is over: a wait that an error broke off does not hold the game.
-    game.gbWaitOn = 0;
+    game.gbWaitOn = false;
     shell.ReportError("frmMain.Form_KeyPress", err);
   }
 }
@@ -76,15 +76,15 @@ bool Game::DoCommand(Command cmd) {
     case Command::MoveLeft:
     case Command::MoveUpLeft: return MoveCommand(kMoveDir[static_cast<int>(cmd)]);
     case Command::Wait:
-      game.gbEndSite = 0;
-      game.gbWaitOn = -1;
+      game.gbEndSite = false;
+      game.gbWaitOn = true;
       game.gnPlayerDir = Direction::Pause;
       DrawCell(game.gctPlayerPos, PlayerPicture(Direction::Pause));
       LagDown();
       VirusTurn();  // runs phases until the site ends
       return true;
     case Command::Pause:
-      game.gbEndSite = 0;
+      game.gbEndSite = false;
       game.gnPlayerDir = Direction::Pause;
       DrawCell(game.gctPlayerPos, PlayerPicture(Direction::Pause));
       VirusTurn();
@@ -105,7 +105,7 @@ bool Game::DoCommand(Command cmd) {
 }
 
 bool Game::MoveCommand(Direction nDir) {
-  game.gbEndSite = 0;
+  game.gbEndSite = false;
   game.gnMoveCount = Add16(game.gnMoveCount, 1);
   game.gnPlayerDir = nDir;
   CoordPair ctTarget = game.gctPlayerPos;
@@ -118,18 +118,18 @@ bool Game::MoveCommand(Direction nDir) {
 }
 
 bool Game::LinkCommand() {
-  game.gbEndSite = 0;
+  game.gbEndSite = false;
   game.gnMoveCount = Add16(game.gnMoveCount, 1);
   game.gnPlayerDir = Direction::Pause;
-  game.gbLinkOn = -1;
-  game.gbScoreNoLinkSite = 0;
+  game.gbLinkOn = true;
+  game.gbScoreNoLinkSite = false;
 
   const Difficulty& level = Level();
   if (level.bLag) {
     // The cost depends on the tier the bar shows; in the timeout no link is possible.
     const uint32_t barColor = game.pbrNetLag.BarColor;
     if (barColor == color::Black) {
-      game.gbLinkOn = 0;
+      game.gbLinkOn = false;
       return false;
     }
     game.gnLag = Add16(game.gnLag, LinkCost(barColor));

@@ -63,7 +63,7 @@ class PlayerInput {
 
  private:
   // A command may be given now: a game is on and no pause or wait holds it.
-  bool Ready() const { return game.gbGameOn != 0 && !game.Busy(); }
+  bool Ready() const { return game.gbGameOn && !game.Busy(); }
   bool OnBoard(const CoordPair& ct) const;
   // The key that gives cmd in the current profile; 0 when none does.
   int16_t KeyOf(Command cmd) const;

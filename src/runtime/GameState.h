@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "runtime/Flag.h"
+
 namespace sw {
 
 // A map cell: column (0 = left) and row (0 = top); (-1, -1) is nowhere.
@@ -86,23 +88,23 @@ struct GameState {
   int16_t gnDownServerCount = 0;
   int16_t gnVirusMax = 0;
 
-  // ---- counters and flags (flags: true = -1, false = 0)
+  // ---- counters and flags
   int16_t gnGameNum = 0;
-  int16_t gbGameOn = 0;
-  int16_t gbGameInit = 0;
+  Flag gbGameOn;
+  Flag gbGameInit;
   int16_t gnSitesHit = 0;
   int16_t gnReconnects = 0;
   int16_t gnMoveCount = 0;
   Direction gnPlayerDir = Direction::Pause;
-  int16_t gbEndSite = 0;
-  int16_t gbWaitOn = 0;
-  int16_t gbLinkOn = 0;
-  int16_t gbScoreNoLinkSite = -1;
-  int16_t gbScoreMinLag = 1;
+  Flag gbEndSite;
+  Flag gbWaitOn;
+  Flag gbLinkOn;
+  Flag gbScoreNoLinkSite = true;
+  int16_t gbScoreMinLag = 1;  // the worst lag tier of the site so far (1 to 4): a number, not a flag
   int16_t gnLag = 0;
   int16_t gnColorLag = 0;
   // A timed pause is running; key presses and turn-starting commands are kept out.
-  int16_t gbSleepOn = 0;
+  Flag gbSleepOn;
 
   // ---- the net-lag bar, pbrNetLag; the window draws it
   ProgBarState pbrNetLag;
@@ -112,7 +114,7 @@ struct GameState {
   bool bSeedFromTimer = true;
 
   // True while a pause runs or Wait is in force: no turn may start now.
-  bool Busy() const { return gbSleepOn != 0 || gbWaitOn != 0; }
+  bool Busy() const { return gbSleepOn || gbWaitOn; }
 };
 
 }  // namespace sw

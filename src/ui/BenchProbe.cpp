@@ -123,7 +123,7 @@ void StartBenchMoves(frmMain& w) {
     const int n = std::atoi(hover);
     auto* begin = new QTimer(&w);
     QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
-      if (w.sw.game.gbSleepOn != 0) return;
+      if (w.sw.game.gbSleepOn) return;
       begin->stop();
       BenchHover(w, n);
       QCoreApplication::exit(0);
@@ -135,7 +135,7 @@ void StartBenchMoves(frmMain& w) {
   // The moves begin once the start is over: keys typed inside its pause play nothing.
   auto* begin = new QTimer(&w);
   QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
-    if (w.sw.game.gbSleepOn != 0) return;
+    if (w.sw.game.gbSleepOn) return;
     begin->stop();
     int measured = 0, boxesDuring = 0, warm = 0;
     // One letter per measured move: 'p' for a plain move, 'x' when a virus or a box came into it.

@@ -14,7 +14,7 @@ namespace {
 // board with Whisk at (5, 5) and one far virus.
 std::string LogOf(const std::function<void(Board&)>& play, int16_t nDiff = 2) {
   Board b(nDiff, At(5, 5), {At(20, 12)});
-  b.sw.opts.Current().bDebug = -1;
+  b.sw.opts.Current().bDebug = true;
   b.sw.session.DebugOpen(true, true);
   const size_t header = Slurp(DebugLog::kFileName).size();
   play(b);
@@ -55,7 +55,7 @@ TEST(Click, IsTheKeyOfItsStepWithItsLinesAndNewsAndNothingWhereTheKeyDoesNothing
   // No game on, a pause, a wait in force: a click, a secondary click and the menu do nothing.
   for (auto hold : {&GameState::gbGameOn, &GameState::gbSleepOn, &GameState::gbWaitOn})
     EXPECT_EQ(LogOf([&](Board& b) {
-                b.g.*hold = static_cast<int16_t>(hold == &GameState::gbGameOn ? 0 : -1);
+                b.g.*hold = hold != &GameState::gbGameOn;
                 b.sw.input.grdMap_MouseUp(1, At(9, 5));
                 b.sw.input.grdMap_MouseDown(2);
                 b.sw.input.menBoard_Click(Command::Link);

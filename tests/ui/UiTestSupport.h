@@ -51,7 +51,7 @@ struct Session {
   Session() {
     w.show();
     w.Form_Load();
-    w.sw.opts.Current().bSound = 0;
+    w.sw.opts.Current().bSound = false;
   }
 };
 
@@ -64,7 +64,7 @@ inline void PlaceBoard(swui::frmMain& w, std::initializer_list<sw::CoordPair> vi
   g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
   g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
   w.sw.engine.DrawViruses();
-  g.gbEndSite = -1;
+  g.gbEndSite = true;
   g.gnMoveCount = 0;
 }
 
