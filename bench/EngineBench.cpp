@@ -20,7 +20,7 @@ struct Engine {
     w.record = false;
     sw = std::make_unique<sw::Skitterweb>(w);
     sw->opts.Current().nDiff = nDiff;
-    sw->opts.Current().bSound = 0;
+    sw->opts.Current().bSound = false;
     sw->score.InitScore();
     sw->game.bSeedFromTimer = false;
     sw->rnd.Randomize(42.0);
@@ -36,10 +36,10 @@ struct Engine {
     g.gctVirusPos.insert(g.gctVirusPos.end(), viruses.begin(), viruses.end());
     g.gnVirusLive = static_cast<int16_t>(viruses.size());
     g.gnVirusMax = g.gnVirusLive;
-    g.gbEndSite = -1;
-    g.gbWaitOn = 0;
+    g.gbEndSite = true;
+    g.gbWaitOn = false;
     g.gnMoveCount = 0;
-    g.gbScoreNoLinkSite = -1;
+    g.gbScoreNoLinkSite = true;
     g.gbScoreMinLag = 1;
     // A fresh game's score, so that no run piles up points and reconnects.
     g.gnReconnects = 2;
@@ -65,7 +65,7 @@ void BM_VirusPhase30(benchmark::State& state) {
   const std::vector<CoordPair> viruses = EdgeViruses();
   for (auto _ : state) {
     e.Layout(CoordPair{12, 7}, viruses);
-    e.sw->game.gbEndSite = 0;
+    e.sw->game.gbEndSite = false;
     e.sw->engine.VirusPhase();
     benchmark::DoNotOptimize(e.sw->game.gnVirusLive);
   }

@@ -88,8 +88,10 @@ void CheckRoundTrip(Skitterweb& sw) {
     if (!Quoted(a.szPassword)) fuzz::Check(a.szPassword == b.szPassword, "Password");
     if (!Quoted(current)) fuzz::Check(b.szProfile == current, "every record gets the current profile name");
     // The debug flag is left out: a log that fails to open clears it.
-    for (const Setting& s : kSettings)
-      if (s.number != nullptr && s.number != &OptionProfile::bDebug) fuzz::Check(a.*s.number == b.*s.number, s.key);
+    for (const Setting& s : kSettings) {
+      if (s.number != nullptr) fuzz::Check(a.*s.number == b.*s.number, s.key);
+      if (s.flag != nullptr && s.flag != &OptionProfile::bDebug) fuzz::Check(a.*s.flag == b.*s.flag, s.key);
+    }
     fuzz::Check(a.cpProfile.size() == b.cpProfile.size(), "saved profiles count");
     for (size_t j = 5; j < a.cpProfile.size(); ++j) {
       ControlProfile x = a.cpProfile[j], y = b.cpProfile[j];

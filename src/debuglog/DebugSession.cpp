@@ -15,7 +15,7 @@ DebugSession::DebugSession(Options& opts, DebugLog& dbg, Shell& shell, IMainWind
 void DebugSession::DebugOpen(bool bClear, bool bQuiet) {
   if (dbg.OpenFile(bClear)) return;
   try {
-    opts.Current().bDebug = 0;
+    opts.Current().bDebug = false;
   } catch (const RuntimeError&) {
   }
   if (!bQuiet) {

@@ -15,7 +15,8 @@ namespace sw {
 namespace {
 
 // The direction code of each move command, in profile order.
-constexpr int16_t kMoveDir[8] = {8, 9, 6, 3, 2, 1, 4, 7};
+constexpr Direction kMoveDir[8] = {Direction::Up,   Direction::UpRight,  Direction::Right, Direction::DownRight,
+                                   Direction::Down, Direction::DownLeft, Direction::Left,  Direction::UpLeft};
 
 std::string KeyText(int16_t KeyAscii) {
   return NumText(int64_t{KeyAscii}) + " [" + std::string(1, static_cast<char>(KeyAscii & 0xFF)) + "]";
@@ -40,7 +41,7 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
   // One turn never runs inside another.
   if (game.Busy() || !game.gbGameOn) return;
   try {
-    game.gbLinkOn = 0;
+    game.gbLinkOn = false;
     const ControlProfile cp = opts.CurrentKeys();
     KeyAscii = KeyFor(cp, KeyAscii);
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_KeyPress").In("KeyAscii", KeyText(KeyAscii)));
@@ -55,11 +56,11 @@ void Game::Form_KeyPress(int16_t KeyAscii) {
                          .Var("gbEndSite", game.gbEndSite)
                          .Var("gnMoveCount", game.gnMoveCount)
                          .Var("gbScoreNoLinkSite", game.gbScoreNoLinkSite)
-                         .Note("gnPlayerDir=" + NumText(int64_t{game.gnPlayerDir})));
+                         .Note("gnPlayerDir=" + NumText(int64_t{DirCode(game.gnPlayerDir)})));
     }
   } catch (const RuntimeError& err) {
     // The turn is over: a wait that an error broke off does not hold the game.
-    game.gbWaitOn = 0;
+    game.gbWaitOn = false;
     shell.ReportError("frmMain.Form_KeyPress", err);
   }
 }
@@ -75,17 +76,17 @@ bool Game::DoCommand(Command cmd) {
     case Command::MoveLeft:
     case Command::MoveUpLeft: return MoveCommand(kMoveDir[static_cast<int>(cmd)]);
     case Command::Wait:
-      game.gbEndSite = 0;
-      game.gbWaitOn = -1;
-      game.gnPlayerDir = 5;
-      DrawCell(game.gctPlayerPos, PlayerPicture(5));
+      game.gbEndSite = false;
+      game.gbWaitOn = true;
+      game.gnPlayerDir = Direction::Pause;
+      DrawCell(game.gctPlayerPos, PlayerPicture(Direction::Pause));
       LagDown();
       VirusTurn();  // runs phases until the site ends
       return true;
     case Command::Pause:
-      game.gbEndSite = 0;
-      game.gnPlayerDir = 5;
-      DrawCell(game.gctPlayerPos, PlayerPicture(5));
+      game.gbEndSite = false;
+      game.gnPlayerDir = Direction::Pause;
+      DrawCell(game.gctPlayerPos, PlayerPicture(Direction::Pause));
       VirusTurn();
       LagDown();
       return true;
@@ -103,8 +104,8 @@ bool Game::DoCommand(Command cmd) {
   return true;
 }
 
-bool Game::MoveCommand(int16_t nDir) {
-  game.gbEndSite = 0;
+bool Game::MoveCommand(Direction nDir) {
+  game.gbEndSite = false;
   game.gnMoveCount = Add16(game.gnMoveCount, 1);
   game.gnPlayerDir = nDir;
   CoordPair ctTarget = game.gctPlayerPos;
@@ -117,18 +118,18 @@ bool Game::MoveCommand(int16_t nDir) {
 }
 
 bool Game::LinkCommand() {
-  game.gbEndSite = 0;
+  game.gbEndSite = false;
   game.gnMoveCount = Add16(game.gnMoveCount, 1);
-  game.gnPlayerDir = 5;
-  game.gbLinkOn = -1;
-  game.gbScoreNoLinkSite = 0;
+  game.gnPlayerDir = Direction::Pause;
+  game.gbLinkOn = true;
+  game.gbScoreNoLinkSite = false;
 
   const Difficulty& level = Level();
   if (level.bLag) {
     // The cost depends on the tier the bar shows; in the timeout no link is possible.
     const uint32_t barColor = game.pbrNetLag.BarColor;
     if (barColor == color::Black) {
-      game.gbLinkOn = 0;
+      game.gbLinkOn = false;
       return false;
     }
     game.gnLag = Add16(game.gnLag, LinkCost(barColor));
@@ -181,7 +182,7 @@ int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
 }
 
 void Game::PlacePlayer() {
-  game.gnPlayerDir = 5;
+  game.gnPlayerDir = Direction::Pause;
   if (dbg.On()) dbg.DebugWrite(Trace("PlacePlayer").Var("gctPlayerPos(original)", game.gctPlayerPos.Text()));
 
   const CoordPair ctOld = game.gctPlayerPos;

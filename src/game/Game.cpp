@@ -47,31 +47,31 @@ int16_t Game::IsOnMap(const CoordPair& ct) {
   return on;
 }
 
-void Game::MoveNumDir(CoordPair& ctPos, int16_t nDir) {
+void Game::MoveNumDir(CoordPair& ctPos, Direction nDir) {
   const CoordPair original = ctPos;
   int dc = 0, dr = 0;
   switch (nDir) {
-    case 7:
+    case Direction::UpLeft:
       dc = -1;
       dr = -1;
       break;
-    case 8: dr = -1; break;
-    case 9:
+    case Direction::Up: dr = -1; break;
+    case Direction::UpRight:
       dc = 1;
       dr = -1;
       break;
-    case 4: dc = -1; break;
-    case 6: dc = 1; break;
-    case 1:
+    case Direction::Left: dc = -1; break;
+    case Direction::Right: dc = 1; break;
+    case Direction::DownLeft:
       dc = -1;
       dr = 1;
       break;
-    case 2: dr = 1; break;
-    case 3:
+    case Direction::Down: dr = 1; break;
+    case Direction::DownRight:
       dc = 1;
       dr = 1;
       break;
-    default: break;  // 5 and anything else: standing still
+    default: break;  // Pause and anything else: standing still
   }
   ctPos.nCol = static_cast<int16_t>(ctPos.nCol + dc);
   ctPos.nRow = static_cast<int16_t>(ctPos.nRow + dr);

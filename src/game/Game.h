@@ -56,7 +56,7 @@ class Game {
 
   // ---- lookups and drawing
   int16_t IsOnMap(const CoordPair& ct);
-  void MoveNumDir(CoordPair& ctPos, int16_t nDir);
+  void MoveNumDir(CoordPair& ctPos, Direction nDir);
   int16_t CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus);
   int16_t CheckInfected(const CoordPair& ctPos);
   int16_t CheckDownServers(const CoordPair& ctPos);
@@ -109,7 +109,7 @@ class Game {
   const Difficulty& Level() const { return DifficultyOf(Diff()); }
   // One cell drawn at random: column first, then row.
   CoordPair RandomCell();
-  bool MoveCommand(int16_t nDir);
+  bool MoveCommand(Direction nDir);
   bool LinkCommand();
   // What a link adds to the lag in the tier the bar shows (before the step every link costs).
   static int16_t LinkCost(uint32_t barColor);

@@ -20,7 +20,7 @@ void Game::StartGame() {
   try {
     game.gnGameNum = Add16(game.gnGameNum, 1);
     if (dbg.On() && game.gnGameNum % 50 == 0) dbg.Flush();
-    game.gbGameOn = -1;
+    game.gbGameOn = true;
 
     game.gnSitesHit = opts.Current().nStartSite;
     frmMain.SetCaption(Label::lblSitesHit, NumText(int64_t{game.gnSitesHit}));
@@ -64,18 +64,18 @@ void Game::BuildMap() {
 
 void Game::InitMap() {
   if (dbg.On()) dbg.DebugWrite(Trace("InitMap"));
-  game.gbWaitOn = 0;
+  game.gbWaitOn = false;
   ResetObjects();
   // (No down servers are placed in this version.)
   PlacePlayer();
   PlaceVirus();
   frmMain.Refresh();
 
-  game.gbScoreNoLinkSite = -1;
+  game.gbScoreNoLinkSite = true;
   game.gnMoveCount = 0;
   game.gbScoreMinLag = 1;
   // The site is ready and no turn is in progress; the first command clears it.
-  game.gbEndSite = -1;
+  game.gbEndSite = true;
 
   if (dbg.On()) {
     dbg.DebugWrite(Trace("InitMap")
@@ -136,7 +136,7 @@ void Game::SetGrid() {
   int16_t nCellSize = twips::kCellGridOff;
   bool bLines = false;
   try {
-    bLines = opts.Current().bGrid != 0;
+    bLines = static_cast<bool>(opts.Current().bGrid);
     nCellSize = bLines ? twips::kCellGridOn : twips::kCellGridOff;
   } catch (const RuntimeError& e) {
     shell.ReportError("SetGrid", e);

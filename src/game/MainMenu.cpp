@@ -55,14 +55,14 @@ void MainMenu::ShowHighScore(int16_t nDiff) {
 // Start-up and the window's events
 
 void MainMenu::Form_Load() {
-  game.gbGameInit = -1;
+  game.gbGameInit = true;
   optsFile.LoadOptions();
   if (dbg.On()) dbg.DebugWrite(Trace("frmMain.Form_Load"));
   score.InitScore();
-  game.gnPlayerDir = 5;
-  game.gbGameOn = -1;
-  game.gbWaitOn = 0;
-  game.gbLinkOn = 0;
+  game.gnPlayerDir = Direction::Pause;
+  game.gbGameOn = true;
+  game.gbWaitOn = false;
+  game.gbLinkOn = false;
 
   game.pbrNetLag.Min = 0;
   game.pbrNetLag.Max = 13;
@@ -81,8 +81,8 @@ void MainMenu::Form_Load() {
   // The loaded options are applied by the menu commands themselves.
   Run("frmMain.Form_Load", [this] {
     const OptionProfile& op = opts.Current();
-    frmMain.SetMenuChecked(Menu::menSound, op.bSound != 0);
-    frmMain.SetMenuChecked(Menu::menGrid, op.bGrid != 0);
+    frmMain.SetMenuChecked(Menu::menSound, static_cast<bool>(op.bSound));
+    frmMain.SetMenuChecked(Menu::menGrid, static_cast<bool>(op.bGrid));
     const int16_t nDiff = op.nDiff;
     const int16_t nStartSite = op.nStartSite;
     menDiffLevel_Click(nDiff);
@@ -90,7 +90,7 @@ void MainMenu::Form_Load() {
     menGrid_Click();
     menSound_Click();
   });
-  game.gbGameInit = 0;
+  game.gbGameInit = false;
 
   engine.StartGame();
 
@@ -155,7 +155,7 @@ void MainMenu::menQuit_Click() {
     if (dbg.On()) {
       dbg.DebugWrite(Trace("frmMain.menQuit_Click"));
       dbg.DebugExit();
-      opts.Current().bDebug = 0;
+      opts.Current().bDebug = false;
       session.DebugClose();
     }
     if (opts.Current().bSound) {
@@ -183,8 +183,8 @@ void MainMenu::EndSession() {
 void MainMenu::menSound_Click() {
   Run("frmMain.menSound_Click", [this] {
     OptionProfile& op = opts.Current();
-    if (!game.gbGameInit) op.bSound = op.bSound ? 0 : -1;
-    frmMain.SetMenuChecked(Menu::menSound, op.bSound != 0);
+    if (!game.gbGameInit) op.bSound = !op.bSound;
+    frmMain.SetMenuChecked(Menu::menSound, static_cast<bool>(op.bSound));
     if (!game.gbGameInit && op.bSound) shell.PlaySound("comp-program start.mp3");
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menSound_Click").Var("gopOpts(gnOpt).bSound", op.bSound));
   });
@@ -193,8 +193,8 @@ void MainMenu::menSound_Click() {
 void MainMenu::menGrid_Click() {
   Run("frmMain.menGrid_Click", [this] {
     OptionProfile& op = opts.Current();
-    if (!game.gbGameInit) op.bGrid = op.bGrid ? 0 : -1;
-    frmMain.SetMenuChecked(Menu::menGrid, op.bGrid != 0);
+    if (!game.gbGameInit) op.bGrid = !op.bGrid;
+    frmMain.SetMenuChecked(Menu::menGrid, static_cast<bool>(op.bGrid));
     if (!game.gbGameInit) shell.PlaySound("comp-option change.mp3");
     engine.SetGrid();
     if (dbg.On()) dbg.DebugWrite(Trace("frmMain.menGrid_Click").Var("gopOpts(gnOpt).bGrid", op.bGrid));
@@ -265,17 +265,17 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
 void MainMenu::menUseDL_Click() {
   Run("frmMain.menUseDL_Click", [this] {
     OptionProfile& op = opts.Current();
-    const bool bOn = op.bDebug == 0;
+    const bool bOn = !op.bDebug;
     frmMain.SetMenuChecked(Menu::menUseDL, bOn);
     frmMain.SetMenuEnabled(Menu::menClearDL, bOn);
     frmMain.SetMenuEnabled(Menu::menMarkDL, bOn);
     if (!bOn) {
       dbg.DebugExit();
-      opts.Current().bDebug = 0;
+      opts.Current().bDebug = false;
       session.DebugClose();
       return;
     }
-    op.bDebug = -1;
+    op.bDebug = true;
     session.DebugOpen(false, true);
     if (opts.Current().bDebug) {
       dump.DebugWriteAll();

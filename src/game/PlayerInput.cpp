@@ -16,8 +16,10 @@ namespace sw {
 
 namespace {
 
-// The keypad's digits by row change, then column change, each -1, 0 or 1.
-constexpr int16_t kPad[3][3] = {{7, 8, 9}, {4, 5, 6}, {1, 2, 3}};
+// The directions by row change, then column change, each -1, 0 or 1.
+constexpr Direction kPad[3][3] = {{Direction::UpLeft, Direction::Up, Direction::UpRight},
+                                  {Direction::Left, Direction::Pause, Direction::Right},
+                                  {Direction::DownLeft, Direction::Down, Direction::DownRight}};
 
 int Sign(int32_t v) { return (v > 0) - (v < 0); }
 
@@ -32,7 +34,7 @@ const char* MenuCaption(Command cmd) {
 
 }  // namespace
 
-int16_t DirectionToward(const CoordPair& from, const CoordPair& to) {
+Direction DirectionToward(const CoordPair& from, const CoordPair& to) {
   const int32_t dx = to.nCol - from.nCol, dy = to.nRow - from.nRow;
   const int32_t ax = std::abs(dx), ay = std::abs(dy);
   const int32_t sum2 = (ax + ay) * (ax + ay);
@@ -42,16 +44,16 @@ int16_t DirectionToward(const CoordPair& from, const CoordPair& to) {
   return kPad[row + 1][col + 1];
 }
 
-Command StepCommand(int16_t nDir) {
+Command StepCommand(Direction nDir) {
   switch (nDir) {
-    case 8: return Command::MoveUp;
-    case 9: return Command::MoveUpRight;
-    case 6: return Command::MoveRight;
-    case 3: return Command::MoveDownRight;
-    case 2: return Command::MoveDown;
-    case 1: return Command::MoveDownLeft;
-    case 4: return Command::MoveLeft;
-    case 7: return Command::MoveUpLeft;
+    case Direction::Up: return Command::MoveUp;
+    case Direction::UpRight: return Command::MoveUpRight;
+    case Direction::Right: return Command::MoveRight;
+    case Direction::DownRight: return Command::MoveDownRight;
+    case Direction::Down: return Command::MoveDown;
+    case Direction::DownLeft: return Command::MoveDownLeft;
+    case Direction::Left: return Command::MoveLeft;
+    case Direction::UpLeft: return Command::MoveUpLeft;
     default: return Command::Pause;
   }
 }
@@ -145,20 +147,21 @@ void PlayerInput::Give(TraceRecord rec, int16_t key) {
 }
 
 void PlayerInput::Update() noexcept {
-  int16_t nDir = 0;
+  Direction nDir = Direction::None;
   CoordPair ctOutline;
   try {
     if (Ready() && OnBoard(ctHover_) && OnBoard(game.gctPlayerPos)) {
-      const int16_t dir = DirectionToward(game.gctPlayerPos, ctHover_);
+      const Direction dir = DirectionToward(game.gctPlayerPos, ctHover_);
       // A step that no key gives is no step a click can take.
       if (KeyOf(StepCommand(dir)) != 0) {
         nDir = dir;
-        ctOutline = CoordPair{static_cast<int16_t>(game.gctPlayerPos.nCol + (dir - 1) % 3 - 1),
-                              static_cast<int16_t>(game.gctPlayerPos.nRow + 1 - (dir - 1) / 3)};
+        const int n = DirCode(dir) - 1;  // the pad's rows from the bottom, its columns from the left
+        ctOutline = CoordPair{static_cast<int16_t>(game.gctPlayerPos.nCol + n % 3 - 1),
+                              static_cast<int16_t>(game.gctPlayerPos.nRow + 1 - n / 3)};
       }
     }
   } catch (const RuntimeError&) {
-    nDir = 0;
+    nDir = Direction::None;
     ctOutline = CoordPair{};
   }
   if (nDir == nDir_ && ctOutline == ctOutline_) return;

@@ -21,13 +21,13 @@ class Shell;
 class TurnSummary;
 struct ControlProfile;
 
-// The keypad direction (1 to 9) of the step from `from` toward `to`; 5 on the same cell.
+// The direction of the step from `from` toward `to`; Pause on the same cell.
 // The eight directions split the plane into slices of 45 degrees centred on the axes and
 // the diagonals: with ax, ay the column and row distances, horizontal when
 // (ax + ay)^2 < 2 ax^2, vertical when (ax + ay)^2 < 2 ay^2, else diagonal. No cell is a tie.
-int16_t DirectionToward(const CoordPair& from, const CoordPair& to);
-// The command of a direction code: one of the eight moves, or Pause for 5.
-Command StepCommand(int16_t nDir);
+Direction DirectionToward(const CoordPair& from, const CoordPair& to);
+// The command of a direction: one of the eight moves, or Pause.
+Command StepCommand(Direction nDir);
 // The key of the profile that gives the command: 0 when none does (no key bound to it,
 // or its key taken by a command earlier in the profile).
 int16_t KeyOfCommand(const ControlProfile& cp, Command cmd);
@@ -54,8 +54,8 @@ class PlayerInput {
   // command, and when a pause begins or ends, although the pointer stands still. Never raises.
   void Update() noexcept;
 
-  // The step shown: the direction pointer (0: none, the window's own pointer) and the landing cell.
-  int16_t StepDir() const { return nDir_; }
+  // The step shown: the direction pointer (None: the window's own pointer) and the landing cell.
+  Direction StepDir() const { return nDir_; }
   CoordPair Outline() const { return ctOutline_; }
 
   // The board's menu, in order.
@@ -63,7 +63,7 @@ class PlayerInput {
 
  private:
   // A command may be given now: a game is on and no pause or wait holds it.
-  bool Ready() const { return game.gbGameOn != 0 && !game.Busy(); }
+  bool Ready() const { return game.gbGameOn && !game.Busy(); }
   bool OnBoard(const CoordPair& ct) const;
   // The key that gives cmd in the current profile; 0 when none does.
   int16_t KeyOf(Command cmd) const;
@@ -77,7 +77,7 @@ class PlayerInput {
   TurnSummary& news;
   IMainWindow& frmMain;
   CoordPair ctHover_{-1, -1};
-  int16_t nDir_ = 0;
+  Direction nDir_ = Direction::None;
   CoordPair ctOutline_{-1, -1};
 };
 

@@ -30,7 +30,7 @@ void Game::PlayerDead(DeathCause nCause) {
   try {
     // Score news of this turn comes before the death.
     score.WriteScoreMesg();
-    game.gbEndSite = -1;
+    game.gbEndSite = true;
 
     DrawCell(game.gctPlayerPos, Picture::None);
     frmMain.Refresh();
@@ -60,12 +60,12 @@ void Game::PlayerDead(DeathCause nCause) {
     shell.ShowMsg(szCause + "\n" + "Soul file irretrievable! Game Over!", MsgButtons::OkOnly, "Player Died",
                   "comp-game over.mp3");
     webmasters.CheckHighScore();
-    game.gbGameOn = 0;
-    game.gbWaitOn = 0;
+    game.gbGameOn = false;
+    game.gbWaitOn = false;
     if (dbg.On()) {
       dbg.DebugWrite(Trace("PlayerDead")
-                         .Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn}) +
-                               " gbWaitOn=" + NumText(int64_t{game.gbWaitOn})));
+                         .Note("game over: gbGameOn=" + NumText(int64_t{game.gbGameOn.Code()}) +
+                               " gbWaitOn=" + NumText(int64_t{game.gbWaitOn.Code()})));
     }
     shell.ShowMsg("Would you like to play another game?", MsgButtons::YesNo, "Play again?", "comp-new game.mp3");
     if (shell.gnMsgReturn == MsgAnswer::Yes) StartGame();

@@ -17,6 +17,13 @@ namespace sw {
 namespace {
 
 std::string N(int64_t n) { return NumText(n); }
+std::string N(Flag f) { return NumText(int64_t{f.Code()}); }
+
+// A setting of the record as the dump writes it.
+std::string SettingText(const OptionProfile& op, const Setting& s) {
+  if (s.text != nullptr) return op.*s.text;
+  return s.flag != nullptr ? N(op.*s.flag) : N(op.*s.number);
+}
 
 // "a, b, c" of a table's entries first to last.
 template <class Table>
@@ -56,7 +63,7 @@ void StateDump::DebugWriteAll() {
     put("---Options---");
     put("Option Profile=" + NumText(opts.gnOpt) + " (max=" + N(opts.gnOptMax) + ")");
     for (const Setting* s : SettingsBy(&Setting::dumpAt)) {
-      std::string line = std::string(s->dumpLabel) + "=" + (s->text ? op.*s->text : N(op.*s->number));
+      std::string line = std::string(s->dumpLabel) + "=" + SettingText(op, *s);
       if (s->number == &OptionProfile::nMapSize) line += "(" + N(game.gnMapRows) + "," + N(game.gnMapCols) + ")";
       put(line);
     }
@@ -97,7 +104,7 @@ void StateDump::DebugWriteAll() {
   put("Lag Duration=" + N(game.gnLag));
   put("Lag Severity=" + N(game.gnColorLag) + LagColorName(game.pbrNetLag.BarColor));
   put("Move Count=" + N(game.gnMoveCount));
-  put("Player Direction=" + N(game.gnPlayerDir));
+  put("Player Direction=" + N(DirCode(game.gnPlayerDir)));
   put("Message Return=" + N(static_cast<int16_t>(shell.gnMsgReturn)));
   put("Wait On=" + N(game.gbWaitOn));
   put("End Site=" + N(game.gbEndSite));

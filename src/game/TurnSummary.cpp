@@ -41,8 +41,8 @@ TurnView TurnView::Of(const GameState& game) {
   v.nReconnects = game.gnReconnects;
   v.nSitesHit = game.gnSitesHit;
   v.nGameNum = game.gnGameNum;
-  v.bGameOn = game.gbGameOn != 0;
-  v.bEndSite = game.gbEndSite != 0;
+  v.bGameOn = static_cast<bool>(game.gbGameOn);
+  v.bEndSite = static_cast<bool>(game.gbEndSite);
   v.lag = LagTierWord(game.pbrNetLag);
   return v;
 }

@@ -91,13 +91,13 @@ void Game::MoveVirus() {
     const bool down = py > v.nRow;
     const bool right = v.nCol < px;
     const bool left = v.nCol > px;
-    int16_t nDir = 5;
+    Direction nDir = Direction::Pause;
     if (up) {
-      nDir = right ? 9 : (left ? 7 : 8);
+      nDir = right ? Direction::UpRight : (left ? Direction::UpLeft : Direction::Up);
     } else if (down) {
-      nDir = right ? 3 : (left ? 1 : 2);
+      nDir = right ? Direction::DownRight : (left ? Direction::DownLeft : Direction::Down);
     } else {
-      nDir = right ? 6 : (left ? 4 : 5);
+      nDir = right ? Direction::Right : (left ? Direction::Left : Direction::Pause);
     }
     CoordPair ct = v;
     MoveNumDir(ct, nDir);

@@ -98,7 +98,7 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
       const std::string& key = items[0].text;
       const ListItem& value = items[1];
       const double number = value.Number();
-      const int16_t flag = (value.IsNumeric() && number != 0.0) ? -1 : 0;
+      const Flag flag = value.IsNumeric() && number != 0.0;
       auto integer = [&] { return CInt(number); };
       auto record = [&]() -> OptionProfile& { return At(opts.gopOpts, nRec); };
       auto profile = [&]() -> ControlProfile& { return At(record().cpProfile, nCP); };
@@ -123,7 +123,7 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
         // The value is read before the record it goes to is looked up.
         switch (s->kind) {
           case SettingKind::Text: record().*s->text = value.text; break;
-          case SettingKind::Flag: record().*s->number = flag; break;
+          case SettingKind::Flag: record().*s->flag = flag; break;
           case SettingKind::Integer: {
             const int16_t n = integer();
             record().*s->number = n;
@@ -199,8 +199,8 @@ std::string OptionsFile::OptionsText() const {
         case SettingKind::Text:
           out += WriteListLine({s.key, (s.savedFromCurrentPlayer ? opts.Current() : op).*s.text});
           break;
-        case SettingKind::Integer:
-        case SettingKind::Flag: out += WriteListLine({s.key, op.*s.number}); break;
+        case SettingKind::Integer: out += WriteListLine({s.key, op.*s.number}); break;
+        case SettingKind::Flag: out += WriteListLine({s.key, (op.*s.flag).Code()}); break;
         case SettingKind::Profiles:
           // The temporary and the built-in profiles are never saved.
           for (size_t j = 5; j < op.cpProfile.size(); ++j) {

@@ -31,7 +31,7 @@ void SelectDialog::Show(const std::string& szTitle, const std::vector<std::strin
 }
 
 void SelectDialog::Form_Load() {
-  gbRet = 0;
+  gbRet = false;
   gszSelect.clear();
   gnSelIndex = -1;
   cmbText.clear();
@@ -66,7 +66,7 @@ void SelectDialog::cmdOk_Click() {
       }
     }
   }
-  gbRet = -1;
+  gbRet = true;
   gszSelect = cmbText;
   gnSelIndex = nListIndex;
   if (dbg.On()) {

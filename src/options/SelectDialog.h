@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "runtime/Flag.h"
+
 namespace sw {
 
 class DebugLog;
@@ -23,7 +25,7 @@ class SelectDialog {
   bool bShown = false;
 
   // ---- the results
-  int16_t gbRet = 0;
+  Flag gbRet;
   std::string gszSelect;
   int16_t gnSelIndex = -1;
 

@@ -7,6 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "runtime/Flag.h"
+
 namespace sw {
 
 // A map cell: column (0 = left) and row (0 = top); (-1, -1) is nowhere.
@@ -17,6 +19,25 @@ struct CoordPair {
   // "5,3": column, comma, row, as trace lines write a pair.
   std::string Text() const;
 };
+
+// The direction codes, numbered as the digits of a numeric keypad and laid out as on the pad:
+// 8 up, 2 down, 4 left, 6 right, 7, 9, 1 and 3 the diagonals. Pause (5) is no step: the mouse
+// stands still. Trace lines and the state dump print the digit. None (0) is no direction at
+// all; like every code outside 1 to 9 it moves nothing.
+enum class Direction : int16_t {
+  None = 0,
+  DownLeft = 1,
+  Down = 2,
+  DownRight = 3,
+  Left = 4,
+  Pause = 5,
+  Right = 6,
+  UpLeft = 7,
+  Up = 8,
+  UpRight = 9,
+};
+// The digit of a direction, as trace lines and the state dump print it.
+constexpr int16_t DirCode(Direction nDir) { return static_cast<int16_t>(nDir); }
 
 // Causes of death passed to PlayerDead.
 enum DeathCause : int16_t {
@@ -67,23 +88,23 @@ struct GameState {
   int16_t gnDownServerCount = 0;
   int16_t gnVirusMax = 0;
 
-  // ---- counters and flags (flags: true = -1, false = 0)
+  // ---- counters and flags
   int16_t gnGameNum = 0;
-  int16_t gbGameOn = 0;
-  int16_t gbGameInit = 0;
+  Flag gbGameOn;
+  Flag gbGameInit;
   int16_t gnSitesHit = 0;
   int16_t gnReconnects = 0;
   int16_t gnMoveCount = 0;
-  int16_t gnPlayerDir = 5;
-  int16_t gbEndSite = 0;
-  int16_t gbWaitOn = 0;
-  int16_t gbLinkOn = 0;
-  int16_t gbScoreNoLinkSite = -1;
-  int16_t gbScoreMinLag = 1;
+  Direction gnPlayerDir = Direction::Pause;
+  Flag gbEndSite;
+  Flag gbWaitOn;
+  Flag gbLinkOn;
+  Flag gbScoreNoLinkSite = true;
+  int16_t gbScoreMinLag = 1;  // the worst lag tier of the site so far (1 to 4): a number, not a flag
   int16_t gnLag = 0;
   int16_t gnColorLag = 0;
   // A timed pause is running; key presses and turn-starting commands are kept out.
-  int16_t gbSleepOn = 0;
+  Flag gbSleepOn;
 
   // ---- the net-lag bar, pbrNetLag; the window draws it
   ProgBarState pbrNetLag;
@@ -93,7 +114,7 @@ struct GameState {
   bool bSeedFromTimer = true;
 
   // True while a pause runs or Wait is in force: no turn may start now.
-  bool Busy() const { return gbSleepOn != 0 || gbWaitOn != 0; }
+  bool Busy() const { return gbSleepOn || gbWaitOn; }
 };
 
 }  // namespace sw

@@ -27,8 +27,9 @@ enum class Picture : int16_t {
   Virus = 11,     // imgVirus
   Infected = 12,  // imgInfected
 };
-inline Picture PlayerPicture(int16_t nDir) {
-  return (nDir >= 1 && nDir <= 9) ? static_cast<Picture>(nDir) : Picture::Player5;
+inline Picture PlayerPicture(Direction nDir) {
+  const int16_t n = DirCode(nDir);
+  return (n >= 1 && n <= 9) ? static_cast<Picture>(n) : Picture::Player5;
 }
 
 // The message box's button sets, and the answers its buttons give (the classic codes,
@@ -144,9 +145,9 @@ class IMainWindow {
   virtual void Announce(const std::string& text) = 0;
 
   // The step a click on the board would take where the pointer is: the direction pointer
-  // shown over the board (1 to 9 as on the keypad; 0 for none: the window's own pointer)
-  // and the cell outlined as the one Whisk would land on ((-1, -1): none).
-  virtual void ShowStep(int16_t nDir, const CoordPair& ctOutline) = 0;
+  // shown over the board (None: the window's own pointer) and the cell outlined as the one
+  // Whisk would land on ((-1, -1): none).
+  virtual void ShowStep(Direction nDir, const CoordPair& ctOutline) = 0;
   // A pop-up menu at the pointer, shown modally; returns the index of the item chosen, -1 for none.
   virtual int16_t PopupMenu(const std::vector<PopupItem>& items) = 0;
 };

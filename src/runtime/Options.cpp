@@ -56,14 +56,14 @@ const Setting kSettings[13] = {
     S::IntegerOf("ControlProfileNum", &OP::nProfile, 1).Range(0, kLastProfile, "Control profile", 4),
     S::TextOf("ControlProfileName", &OP::szProfile, kNumberPad).FromCurrentPlayer(),
     S::ProfilesOf("ControlProfileBegin"),
-    S::FlagOf("Debug", &OP::bDebug, 0),
+    S::FlagOf("Debug", &OP::bDebug, false),
     S::IntegerOf("Diff", &OP::nDiff, 2).Range(1, 4, "Difficulty", 1).Dump("Difficulty", 6),
-    S::FlagOf("Grid", &OP::bGrid, -1).Dump("Grid", 4),
-    S::FlagOf("Sound", &OP::bSound, -1).Dump("Sound", 3),
+    S::FlagOf("Grid", &OP::bGrid, true).Dump("Grid", 4),
+    S::FlagOf("Sound", &OP::bSound, true).Dump("Sound", 3),
     S::IntegerOf("StartSite", &OP::nStartSite, 0).Range(0, 9, "Starting site", 3).Dump("Starting Site", 5),
     S::IntegerOf("MapSize", &OP::nMapSize, 3).Range(1, 5, "Map size", 2).Dump("Map Size", 7),
-    S::FlagOf("DownServers", &OP::bDownServers, 0).Dump("Down Servers", 8),
-    S::FlagOf("Safe", &OP::bSafe, 0).Dump("Safe Mode", 9),
+    S::FlagOf("DownServers", &OP::bDownServers, false).Dump("Down Servers", 8),
+    S::FlagOf("Safe", &OP::bSafe, false).Dump("Safe Mode", 9),
 };
 
 std::vector<const Setting*> SettingsBy(int Setting::*place) {
@@ -92,7 +92,7 @@ const OptionProfile& Options::Current() const { return const_cast<Options*>(this
 
 bool Options::DebugOn() const {
   try {
-    return Current().bDebug != 0;
+    return static_cast<bool>(Current().bDebug);
   } catch (const RuntimeError&) {
     return false;
   }
@@ -123,8 +123,8 @@ void Options::InitOptionProfile(OptionProfile& op) {
       case SettingKind::Text:
         if (s.textDefault != nullptr) op.*s.text = s.textDefault;
         break;
-      case SettingKind::Integer:
-      case SettingKind::Flag: op.*s.number = s.numberDefault; break;
+      case SettingKind::Integer: op.*s.number = s.numberDefault; break;
+      case SettingKind::Flag: op.*s.flag = s.flagDefault; break;
     }
   }
 }

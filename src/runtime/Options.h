@@ -4,6 +4,8 @@
 #include <string>
 #include <vector>
 
+#include "runtime/Flag.h"
+
 namespace sw {
 
 // One named key map: one character code per command, 0 for no key.
@@ -45,14 +47,14 @@ struct OptionProfile {
   int16_t nProfile = 0;
   std::string szProfile;
   std::vector<ControlProfile> cpProfile;  // index 0 temporary, 1-4 built in, 5+ saved
-  int16_t bDebug = 0;
+  Flag bDebug;
   int16_t nDiff = 0;
-  int16_t bGrid = 0;
-  int16_t bSound = 0;
+  Flag bGrid;
+  Flag bSound;
   int16_t nStartSite = 0;
   int16_t nMapSize = 0;
-  int16_t bDownServers = 0;
-  int16_t bSafe = 0;
+  Flag bDownServers;
+  Flag bSafe;
 
   bool operator==(const OptionProfile&) const = default;
 };
@@ -70,9 +72,11 @@ struct Setting {
   const char* key;
   SettingKind kind;
   std::string OptionProfile::*text = nullptr;  // Text
-  int16_t OptionProfile::*number = nullptr;    // Integer, Flag
+  int16_t OptionProfile::*number = nullptr;    // Integer
+  Flag OptionProfile::*flag = nullptr;         // Flag
   const char* textDefault = nullptr;           // Text: nullptr leaves a fresh record's value as it is
   int16_t numberDefault = 0;
+  bool flagDefault = false;
   // The options file gives every record the current player's value (the profile name).
   bool savedFromCurrentPlayer = false;
   // A loaded value outside lo..hi is named in one message, by fixName, and replaced by the
@@ -91,8 +95,8 @@ struct Setting {
   static constexpr Setting IntegerOf(const char* key, int16_t OptionProfile::*m, int16_t byDefault) {
     return {.key = key, .kind = SettingKind::Integer, .number = m, .numberDefault = byDefault};
   }
-  static constexpr Setting FlagOf(const char* key, int16_t OptionProfile::*m, int16_t byDefault) {
-    return {.key = key, .kind = SettingKind::Flag, .number = m, .numberDefault = byDefault};
+  static constexpr Setting FlagOf(const char* key, Flag OptionProfile::*m, bool byDefault) {
+    return {.key = key, .kind = SettingKind::Flag, .flag = m, .flagDefault = byDefault};
   }
   static constexpr Setting ProfilesOf(const char* key) { return {.key = key, .kind = SettingKind::Profiles}; }
   constexpr Setting Range(int16_t from, int16_t to, const char* name, int at) const {

@@ -13,13 +13,13 @@ Shell::Shell(GameState& game, Options& opts, TraceLog& dbg, IMainWindow& frmMain
     : game(game), opts(opts), dbg(dbg), frmMain(frmMain) {}
 
 Shell::Pause::Pause(Shell& shell) : shell_(shell) {
-  shell_.game.gbSleepOn = -1;
+  shell_.game.gbSleepOn = true;
   if (++shell_.pauses_ == 1 && shell_.onPause) shell_.onPause();
 }
 
 Shell::Pause::~Pause() {
   if (--shell_.pauses_ != 0) return;
-  shell_.game.gbSleepOn = 0;
+  shell_.game.gbSleepOn = false;
   if (shell_.onPause) shell_.onPause();
 }
 

@@ -6,6 +6,8 @@
 #include <type_traits>
 #include <variant>
 
+#include "runtime/Flag.h"
+
 namespace sw {
 
 class Value {
@@ -19,6 +21,8 @@ class Value {
   Value(double d) : v_(d) {}
   Value(const char* s) : v_(std::string(s)) {}
   Value(std::string s) : v_(std::move(s)) {}
+  // A flag prints as its number, -1 or 0.
+  Value(Flag f) : v_(int64_t{f.Code()}) {}
   // A named code prints as its number.
   template <class E>
   requires std::is_enum_v<E> Value(E e) : v_(int64_t{static_cast<std::underlying_type_t<E>>(e)}) {}

@@ -35,7 +35,7 @@ void Score::InitTables() {
 
 void Score::InitScore() {
   InitTables();
-  game.gbScoreNoLinkSite = -1;
+  game.gbScoreNoLinkSite = true;
   game.gnMoveCount = 0;
   if (dbg.On()) dbg.DebugWrite(Trace("InitScore").Var("gnScoreMesgNum", gnScoreMesgNum));
   SetPoints();

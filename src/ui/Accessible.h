@@ -1,14 +1,15 @@
 #pragma once
 // What the window says to assistive technology (a screen reader, through
-// AT-SPI on Linux): the board as a table of named cells, the net-lag bar as a
-// progress bar, the message box as an alert, and the announcer that speaks the
-// news of a turn.
+// AT-SPI on Linux): the message box as an alert, and the announcer that speaks
+// the news of a turn. The board and the net-lag bar describe themselves
+// (MapGrid, ProgBar).
 #include <QString>
 #include <QWidget>
 
 namespace swui {
 
-// Makes the game's controls known to Qt's accessibility; safe to call any number of times.
+// Makes the message box and the announcer known to Qt's accessibility; safe to call any
+// number of times.
 void InstallAccessibility();
 
 // Speaks short texts without taking the focus: a notification that the screen reader

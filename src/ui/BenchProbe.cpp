@@ -48,7 +48,7 @@ int PlainDirection(frmMain& w, int turn) {
     static constexpr int kDirs[8] = {4, 6, 8, 2, 7, 9, 1, 3};
     const int16_t dir = static_cast<int16_t>(kDirs[(turn + k) % 8]);
     sw::CoordPair to = g.gctPlayerPos;
-    w.sw.engine.MoveNumDir(to, dir);
+    w.sw.engine.MoveNumDir(to, static_cast<sw::Direction>(dir));
     if (to.nCol < 0 || to.nRow < 0 || to.nCol >= g.gnMapCols || to.nRow >= g.gnMapRows) continue;
     bool safe = g.gnVirusLive >= 2;
     for (int16_t i = 1; safe && i <= g.gnVirusLive; ++i) {
@@ -123,7 +123,7 @@ void StartBenchMoves(frmMain& w) {
     const int n = std::atoi(hover);
     auto* begin = new QTimer(&w);
     QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
-      if (w.sw.game.gbSleepOn != 0) return;
+      if (w.sw.game.gbSleepOn) return;
       begin->stop();
       BenchHover(w, n);
       QCoreApplication::exit(0);
@@ -135,7 +135,7 @@ void StartBenchMoves(frmMain& w) {
   // The moves begin once the start is over: keys typed inside its pause play nothing.
   auto* begin = new QTimer(&w);
   QObject::connect(begin, &QTimer::timeout, [&w, n, begin] {
-    if (w.sw.game.gbSleepOn != 0) return;
+    if (w.sw.game.gbSleepOn) return;
     begin->stop();
     int measured = 0, boxesDuring = 0, warm = 0;
     // One letter per measured move: 'p' for a plain move, 'x' when a virus or a box came into it.

@@ -5,26 +5,28 @@
 #include <QMouseEvent>
 #include <QStyleHints>
 
+#include "game/PlayerInput.h"
+#include "ui/MapGrid.h"
 #include "ui/PictureRender.h"
-#include "ui/frmMain.h"
 
 namespace swui {
 
-BoardInput::BoardInput(frmMain& w) : w_(w) {
+BoardInput::BoardInput(MapGrid& grdMap, sw::PlayerInput& input, QWidget& window)
+    : grdMap_(grdMap), input_(input), window_(window) {
   hold_.setSingleShot(true);
   connect(&hold_, &QTimer::timeout, this, &BoardInput::Held);
-  w.grdMap->installEventFilter(this);
+  grdMap_.installEventFilter(this);
 }
 
 sw::CoordPair BoardInput::CellAt(QPoint at) const {
-  const QPoint cell = w_.grdMap->CellAt(at);
+  const QPoint cell = grdMap_.CellAt(at);
   return sw::CoordPair{static_cast<int16_t>(cell.x()), static_cast<int16_t>(cell.y())};
 }
 
-void BoardInput::Hover(std::optional<QPoint> at) { w_.sw.input.grdMap_MouseMove(at ? CellAt(*at) : sw::CoordPair{}); }
+void BoardInput::Hover(std::optional<QPoint> at) { input_.grdMap_MouseMove(at ? CellAt(*at) : sw::CoordPair{}); }
 
 bool BoardInput::eventFilter(QObject* watched, QEvent* e) {
-  if (watched != w_.grdMap) return false;
+  if (watched != &grdMap_) return false;
   switch (e->type()) {
     case QEvent::MouseMove: {
       auto* me = static_cast<QMouseEvent*>(e);
@@ -43,7 +45,7 @@ bool BoardInput::eventFilter(QObject* watched, QEvent* e) {
       auto* me = static_cast<QMouseEvent*>(e);
       if (me->button() == Qt::RightButton) {
         menuAt_ = me->globalPosition().toPoint();
-        w_.sw.input.grdMap_MouseDown(2);
+        input_.grdMap_MouseDown(2);
         return true;
       }
       if (me->button() != Qt::LeftButton) return false;
@@ -60,8 +62,8 @@ bool BoardInput::eventFilter(QObject* watched, QEvent* e) {
       hold_.stop();
       // Released off the board (the board keeps the pointer while a button is down), or after a hold: nothing.
       const sw::CoordPair cell = CellAt(me->position().toPoint());
-      if (!held_ && cell.nCol >= 0) w_.sw.input.grdMap_MouseUp(1, cell);  // a tap is a click too
-      if (Touching(*me)) Hover(std::nullopt);                             // the finger has gone
+      if (!held_ && cell.nCol >= 0) input_.grdMap_MouseUp(1, cell);  // a tap is a click too
+      if (Touching(*me)) Hover(std::nullopt);                        // the finger has gone
       return true;
     }
     case QEvent::ContextMenu: return true;  // the secondary button's press opens the menu
@@ -75,12 +77,12 @@ bool BoardInput::Touching(const QMouseEvent& e) {
 
 void BoardInput::Held() {
   held_ = true;
-  menuAt_ = w_.grdMap->mapToGlobal(touchAt_);
-  w_.sw.input.grdMap_MouseDown(2);
+  menuAt_ = grdMap_.mapToGlobal(touchAt_);
+  input_.grdMap_MouseDown(2);
 }
 
 int16_t BoardInput::PopupMenu(const std::vector<sw::PopupItem>& items) {
-  QMenu menu(&w_);
+  QMenu menu(&window_);
   menu.setObjectName("menBoard");
   menu.setAccessibleName(tr("Board"));
   // A click that closes the menu takes no step, and while it is open no cell is outlined.
@@ -100,7 +102,7 @@ int16_t BoardInput::PopupMenu(const std::vector<sw::PopupItem>& items) {
 }
 
 QCursor BoardInput::StepPointer(int16_t nDir) const {
-  const qreal dpr = w_.grdMap->devicePixelRatioF();
+  const qreal dpr = grdMap_.devicePixelRatioF();
   const int device = qRound(32 * dpr);
   const auto key = std::pair{int{nDir}, device};
   if (auto it = pointers_.find(key); it != pointers_.end()) return it->second;
@@ -116,28 +118,14 @@ QCursor BoardInput::StepPointer(int16_t nDir) const {
   return pointers_.emplace(key, pointer).first->second;
 }
 
-void BoardInput::ShowStep(int16_t nDir, const sw::CoordPair& ct) {
-  w_.grdMap->SetOutline(ct.nCol, ct.nRow);
-  shown_ = nDir >= 1 && nDir <= 9 ? nDir : 0;
+void BoardInput::ShowStep(sw::Direction nDir, const sw::CoordPair& ct) {
+  grdMap_.SetOutline(ct.nCol, ct.nRow);
+  const int16_t n = sw::DirCode(nDir);
+  shown_ = n >= 1 && n <= 9 ? n : 0;
   if (shown_ != 0)
-    w_.grdMap->setCursor(StepPointer(shown_));
+    grdMap_.setCursor(StepPointer(shown_));
   else
-    w_.grdMap->unsetCursor();  // the window's own pointer: the arrow, the custom one, the hourglass
-}
-
-// ---------------------------------------------------------------------------
-// The window's side of the seam
-
-// (While the window is being taken down, the board's side is gone first: nothing to show.)
-void frmMain::ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) {
-  if (grdMapInput_) grdMapInput_->ShowStep(nDir, ctOutline);
-}
-
-int16_t frmMain::PopupMenu(const std::vector<sw::PopupItem>& items) {
-  if (!grdMapInput_) return -1;
-  const int16_t chosen = grdMapInput_->PopupMenu(items);
-  ReturnFocus();
-  return chosen;
+    grdMap_.unsetCursor();  // the window's own pointer: the arrow, the custom one, the hourglass
 }
 
 }  // namespace swui

@@ -19,16 +19,22 @@
 
 class QMouseEvent;
 
+namespace sw {
+class PlayerInput;
+}
+
 namespace swui {
 
-class frmMain;
+class MapGrid;
 
 class BoardInput : public QObject {
   Q_OBJECT
  public:
-  explicit BoardInput(frmMain& w);
+  // Watches the board and gives what happens on it to the model's input; the board's menu
+  // belongs to the window.
+  BoardInput(MapGrid& grdMap, sw::PlayerInput& input, QWidget& window);
 
-  void ShowStep(int16_t nDir, const sw::CoordPair& ctOutline);
+  void ShowStep(sw::Direction nDir, const sw::CoordPair& ctOutline);
   // The board's menu where the button or the finger went down; the index chosen, -1 for none.
   int16_t PopupMenu(const std::vector<sw::PopupItem>& items);
   // The pointer of a step (1 to 9, as on the keypad) at the board's scale; its hot spot is its centre.
@@ -48,7 +54,9 @@ class BoardInput : public QObject {
   // The touch has been held still: the board's menu, under the finger.
   void Held();
 
-  frmMain& w_;
+  MapGrid& grdMap_;
+  sw::PlayerInput& input_;
+  QWidget& window_;
   QTimer hold_;
   bool pressed_ = false;  // the primary button went down on the board
   bool held_ = false;     // the touch under way opened the menu

@@ -7,7 +7,6 @@
 #include <algorithm>
 
 #include "game/Review.h"
-#include "ui/Accessible.h"
 #include "ui/Colors.h"
 #include "ui/PictureRender.h"
 #include "ui/Prerendered.h"

@@ -40,6 +40,9 @@ class MapGrid : public QWidget {
   Q_OBJECT
  public:
   MapGrid(const PictureSet& pictures, QWidget* parent = nullptr);
+  // Makes the board known to assistive technology as a table of cells, each named by what it
+  // shows (MapGridAccessible.cpp); safe to call any number of times.
+  static void InstallAccessibility();
 
   // Columns and rows, every cell empty.
   void SetDimensions(int cols, int rows);

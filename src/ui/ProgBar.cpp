@@ -1,13 +1,49 @@
 #include "ui/ProgBar.h"
 
 #include <QAccessible>
+#include <QAccessibleWidget>
 #include <QMouseEvent>
 #include <QPainter>
 #include <algorithm>
 
-#include "ui/Accessible.h"
-
 namespace swui {
+
+namespace {
+
+// The net-lag bar: a progress bar with its value and range.
+class ProgBarAccessible : public QAccessibleWidget, public QAccessibleValueInterface {
+ public:
+  explicit ProgBarAccessible(ProgBar* bar) : QAccessibleWidget(bar, QAccessible::ProgressBar) {}
+  ProgBar* bar() const { return static_cast<ProgBar*>(widget()); }
+  void* interface_cast(QAccessible::InterfaceType t) override {
+    if (t == QAccessible::ValueInterface) return static_cast<QAccessibleValueInterface*>(this);
+    return QAccessibleWidget::interface_cast(t);
+  }
+  QString text(QAccessible::Text t) const override {
+    if (t == QAccessible::Value) return QString::number(bar()->Value());
+    return QAccessibleWidget::text(t);
+  }
+  QVariant currentValue() const override { return bar()->Value(); }
+  void setCurrentValue(const QVariant&) override {}
+  QVariant maximumValue() const override { return bar()->Max(); }
+  QVariant minimumValue() const override { return bar()->Min(); }
+  QVariant minimumStepSize() const override { return 1; }
+};
+
+QAccessibleInterface* BarFactory(const QString& className, QObject* object) {
+  if (object == nullptr || className != QLatin1String("swui::ProgBar")) return nullptr;
+  return new ProgBarAccessible(static_cast<ProgBar*>(object));
+}
+
+}  // namespace
+
+void ProgBar::InstallAccessibility() {
+  static const bool installed = [] {
+    QAccessible::installFactory(BarFactory);
+    return true;
+  }();
+  (void)installed;
+}
 
 ProgBar::ProgBar(QWidget* parent) : QWidget(parent) {
   InstallAccessibility();

@@ -21,6 +21,9 @@ class ProgBar : public QWidget {
 
  public:
   explicit ProgBar(QWidget* parent = nullptr);
+  // Makes the bar known to assistive technology as a progress bar with its value and range;
+  // safe to call any number of times.
+  static void InstallAccessibility();
 
   QColor BackColor() const { return backColor_; }
   QColor BarColor() const { return barColor_; }

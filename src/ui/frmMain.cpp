@@ -63,7 +63,7 @@ frmMain::frmMain(QWidget* parent) : QMainWindow(parent) {
   grdMap = new MapGrid(pictures_, central_);
   grdMap->setMouseTracking(true);
   grdMap->installEventFilter(this);
-  grdMapInput_ = std::make_unique<BoardInput>(*this);
+  grdMapInput_ = std::make_unique<BoardInput>(*grdMap, sw.input, *this);
 
   BuildInfoBar();
   BuildMenus();
@@ -278,6 +278,18 @@ void frmMain::ShowLagBar(const sw::ProgBarState& bar) {
 }
 
 void frmMain::Announce(const std::string& text) { announcer->Say(QString::fromStdString(text)); }
+
+// (While the window is being taken down, the board's side is gone first: nothing to show.)
+void frmMain::ShowStep(sw::Direction nDir, const sw::CoordPair& ctOutline) {
+  if (grdMapInput_) grdMapInput_->ShowStep(nDir, ctOutline);
+}
+
+int16_t frmMain::PopupMenu(const std::vector<sw::PopupItem>& items) {
+  if (!grdMapInput_) return -1;
+  const int16_t chosen = grdMapInput_->PopupMenu(items);
+  ReturnFocus();
+  return chosen;
+}
 
 sw::MsgAnswer frmMain::MsgBox(const std::string& text, sw::MsgButtons nButtons, const std::string& szTitle) {
   frmMsgBox box(DialogParent(), widthTw_);

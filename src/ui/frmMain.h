@@ -79,7 +79,7 @@ class frmMain : public QMainWindow, public sw::IMainWindow {
   void Announce(const std::string& text) override;
   void SendKeys(const std::string& keys) override;
   void ShowDialog(sw::Dialog which) override;
-  void ShowStep(int16_t nDir, const sw::CoordPair& ctOutline) override;
+  void ShowStep(sw::Direction nDir, const sw::CoordPair& ctOutline) override;
   int16_t PopupMenu(const std::vector<sw::PopupItem>& items) override;
 
   // &HBBGGRR values and system colours as Qt colours.

@@ -48,7 +48,7 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   TempDir dir;
   App a;
   DebugLog& dbg = a.sw.dbg;
-  a.sw.opts.Current().bDebug = -1;
+  a.sw.opts.Current().bDebug = true;
   dbg.dumpState = [&dbg] { dbg.Print("DUMP"); };
   a.sw.session.DebugOpen(true, true);
   TraceRecord r = Trace("PlaySound").In("szFileName", "comp-dead.mp3");
@@ -94,7 +94,7 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   // Opening fails: logging off, the menu entry unchecked; reported unless quiet (the report: OptionsTest).
   std::filesystem::create_directory(DebugLog::kFileName);
   for (bool quiet : {true, false}) {
-    a.sw.opts.Current().bDebug = -1;
+    a.sw.opts.Current().bDebug = true;
     a.w.checked[Menu::menUseDL] = true;
     a.sw.session.DebugOpen(!quiet, quiet);
     EXPECT_TRUE(!dbg.IsOpen() && !a.sw.opts.Current().bDebug && !a.w.checked[Menu::menUseDL] &&
@@ -109,7 +109,7 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   TempDir dir;
   Board b;
   b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
-  b.sw.opts.Current().bDebug = -1;
+  b.sw.opts.Current().bDebug = true;
   b.sw.session.DebugOpen(true, true);
   for (char key : {'8', 'z'}) b.Key(key);
   b.g.gnGameNum = 49;

@@ -25,7 +25,7 @@ struct Board : App {
   // Sound off, so that the only pauses recorded are the game's own; a fixed seed.
   explicit Board(int16_t nDiff = 2, double seed = 1.0) {
     sw.opts.Current().nDiff = nDiff;
-    sw.opts.Current().bSound = 0;
+    sw.opts.Current().bSound = false;
     sc.InitScore();
     g.bSeedFromTimer = false;
     g.pbrNetLag.Max = 13;  // the range start-up gives the lag bar
@@ -55,8 +55,9 @@ struct Board : App {
     g.gnInfectedCount = static_cast<int16_t>(infected.size());
     eng.DrawViruses();
     w.captions[Label::lblVirus] = std::to_string(viruses.size());
-    g.gbScoreNoLinkSite = g.gbEndSite = -1;
-    g.gnMoveCount = g.gbWaitOn = 0;
+    g.gbScoreNoLinkSite = g.gbEndSite = true;
+    g.gnMoveCount = 0;
+    g.gbWaitOn = false;
     g.gbScoreMinLag = 1;
   }
 

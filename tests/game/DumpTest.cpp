@@ -17,7 +17,7 @@ TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
   OptionProfile& op = b.sw.opts.Current();
   op.szPassword = "pw";
   op.nStartSite = 4;
-  op.bDownServers = -1;
+  op.bDownServers = true;
   b.sw.menu.menUseDL_Click();
   const std::string log = Slurp(DebugLog::kFileName);
   const size_t start = log.find("\nBegin: DebugWriteAll\r\n");

@@ -75,7 +75,7 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
                 m.menStartSiteNum_Click(4);
               }).empty());
   EXPECT_EQ(b.g.gnGameNum, 2);
-  b.g.gbGameOn = 0;
+  b.g.gbGameOn = false;
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
 }
@@ -86,8 +86,8 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
   MainMenu& m = b.sw.menu;
   m.menUseDL_Click();
   b.w.answers = {MsgAnswer::Yes};
-  m.menUseDL_Click();                        // off, the log kept
-  EXPECT_EQ(b.sw.opts.Current().bDebug, 0);  // and off in the options saved
+  m.menUseDL_Click();                               // off, the log kept
+  EXPECT_EQ(b.sw.opts.Current().bDebug.Code(), 0);  // and off in the options saved
 
   // Start-up applies the file's settings through the same commands, asking and playing nothing.
   Spit(Options::kFileName,
@@ -99,7 +99,7 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
                                                  "Error #53 - File not found"});  // no list yet; nothing asked
   EXPECT_TRUE(a.w.sounds.empty());
   EXPECT_EQ(Ints({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel3],
-                  a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit}),
+                  a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit.Code()}),
             Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
 

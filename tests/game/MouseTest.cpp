@@ -14,7 +14,7 @@ namespace {
 // board with Whisk at (5, 5) and one far virus.
 std::string LogOf(const std::function<void(Board&)>& play, int16_t nDiff = 2) {
   Board b(nDiff, At(5, 5), {At(20, 12)});
-  b.sw.opts.Current().bDebug = -1;
+  b.sw.opts.Current().bDebug = true;
   b.sw.session.DebugOpen(true, true);
   const size_t header = Slurp(DebugLog::kFileName).size();
   play(b);
@@ -35,7 +35,7 @@ TEST(PointerStep, EachCellGivesTheDirectionOfItsSlice) {
                           {5, -12, 9}, {-17, -7, 4}, {-12, -5, 7}, {-7, -17, 8}, {-5, -12, 7}, {23, 0, 6},
                           {0, -13, 8}, {-13, 13, 1}, {9, 9, 3}};
   for (const auto& c : cases)
-    EXPECT_EQ(DirectionToward(At(11, 6), At(11 + c[0], 6 + c[1])), c[2]) << c[0] << "," << c[1];
+    EXPECT_EQ(DirCode(DirectionToward(At(11, 6), At(11 + c[0], 6 + c[1]))), c[2]) << c[0] << "," << c[1];
 }
 
 TEST(Click, IsTheKeyOfItsStepWithItsLinesAndNewsAndNothingWhereTheKeyDoesNothing) {
@@ -55,7 +55,7 @@ TEST(Click, IsTheKeyOfItsStepWithItsLinesAndNewsAndNothingWhereTheKeyDoesNothing
   // No game on, a pause, a wait in force: a click, a secondary click and the menu do nothing.
   for (auto hold : {&GameState::gbGameOn, &GameState::gbSleepOn, &GameState::gbWaitOn})
     EXPECT_EQ(LogOf([&](Board& b) {
-                b.g.*hold = static_cast<int16_t>(hold == &GameState::gbGameOn ? 0 : -1);
+                b.g.*hold = hold != &GameState::gbGameOn;
                 b.sw.input.grdMap_MouseUp(1, At(9, 5));
                 b.sw.input.grdMap_MouseDown(2);
                 b.sw.input.menBoard_Click(Command::Link);
@@ -89,11 +89,11 @@ TEST(PointerStep, FollowsTheGameWhileThePointerStandsStill) {
     EXPECT_EQ(step(), std::make_pair(0, CoordPair{}));
   }
   b.sw.menu.menNewGame_Click();  // Whisk laid out elsewhere: the step is worked out from there
-  const int16_t dir = DirectionToward(b.g.gctPlayerPos, At(5, 5));
+  const Direction dir = DirectionToward(b.g.gctPlayerPos, At(5, 5));
   CoordPair to = b.g.gctPlayerPos;
   b.eng.MoveNumDir(to, dir);
-  EXPECT_EQ(step(), std::make_pair(int{dir}, to));
-  EXPECT_NE(dir, 5);
+  EXPECT_EQ(step(), std::make_pair(int{DirCode(dir)}, to));
+  EXPECT_NE(dir, Direction::Pause);
   b.sw.input.grdMap_MouseMove(At(-1, -1));
   EXPECT_EQ(step(), std::make_pair(0, CoordPair{}));
 }

@@ -20,7 +20,7 @@ void ExpectEverythingRefused(Board& b) {
       [&] { m.Form_Unload(); },
   };
   auto state = [&] {
-    return Ints({b.g.gctPlayerPos.nCol, b.g.gctPlayerPos.nRow, b.g.gbSleepOn, b.g.gnMoveCount, b.g.gnGameNum,
+    return Ints({b.g.gctPlayerPos.nCol, b.g.gctPlayerPos.nRow, b.g.gbSleepOn.Code(), b.g.gnMoveCount, b.g.gnGameNum,
                  int(b.w.messages.size()), int(b.w.dialogs.size()), b.sw.opts.Current().nDiff,
                  b.sw.opts.Current().nStartSite, b.w.ended});
   };
@@ -54,7 +54,7 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
       {"a new game", 2, [](Board& b) { b.eng.StartGame(); }},  // its start sound
       {"the goodbye", 2,
        [](Board& b) {
-         b.g.gbGameOn = 0;
+         b.g.gbGameOn = false;
          b.sw.menu.menQuit_Click();
        }},  // nothing to ask
   };
@@ -62,15 +62,15 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
     SCOPED_TRACE(c.name);
     TempDir dir;
     Board b(c.nDiff, At(5, 5), {At(7, 5), At(20, 12)});
-    b.sw.opts.Current().bSound = -1;
+    b.sw.opts.Current().bSound = true;
     int inside = 0;
     b.w.onEvents = [&] {
       ++inside;
-      EXPECT_EQ(b.g.gbSleepOn, -1);
+      EXPECT_EQ(b.g.gbSleepOn.Code(), -1);
       ExpectEverythingRefused(b);
     };
     c.start(b);
-    EXPECT_EQ(std::make_pair(inside, int(b.g.gbSleepOn)), std::make_pair(1, 0));
+    EXPECT_EQ(std::make_pair(inside, int(b.g.gbSleepOn.Code())), std::make_pair(1, 0));
     if (b.w.ended) continue;
     // Once the pauses are over, a key plays.
     b.Set(At(5, 5), {At(20, 12)});
@@ -81,8 +81,8 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
 
 TEST(PauseTest, AWaitRefusesTheGuardedCommands) {
   Board b(2, At(5, 5), {At(20, 12)});
-  b.sw.opts.Current().bSound = -1;
-  b.g.gbWaitOn = -1;
+  b.sw.opts.Current().bSound = true;
+  b.g.gbWaitOn = true;
   ExpectEverythingRefused(b);
 }
 

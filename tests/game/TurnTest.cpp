@@ -21,14 +21,15 @@ TEST(StartTest, NewGameResetsTheCountersAndLaysOutTheFirstSite) {
   b.g.gnReconnects = 0;
   b.sw.opts.Current().nStartSite = 40;  // 7 viruses more than the sites hit (see the menu's test), at most 30
   b.eng.StartGame();
-  EXPECT_EQ(Ints({b.g.gnGameNum, b.g.gbGameOn, b.g.gnSitesHit, b.g.gnReconnects, b.sc.glScore, b.sc.glNextExtraLife}),
-            Ints({2, -1, 40, 2, 0, 10000}));
+  EXPECT_EQ(
+      Ints({b.g.gnGameNum, b.g.gbGameOn.Code(), b.g.gnSitesHit, b.g.gnReconnects, b.sc.glScore, b.sc.glNextExtraLife}),
+      Ints({2, -1, 40, 2, 0, 10000}));
   EXPECT_EQ(b.Caption(Label::lblHighScore), "1,234,567");
   // A fresh site: the rules of a game in progress, the site's counters reset.
   const GameState& g = b.g;
   EXPECT_EQ(b.Broken(), "");
-  EXPECT_EQ(Ints({g.gnVirusLive, g.gnVirusMax, g.gnInfectedCount, g.gbEndSite, g.gbWaitOn, g.gnMoveCount,
-                  g.gbScoreNoLinkSite, g.gbScoreMinLag}),
+  EXPECT_EQ(Ints({g.gnVirusLive, g.gnVirusMax, g.gnInfectedCount, g.gbEndSite.Code(), g.gbWaitOn.Code(), g.gnMoveCount,
+                  g.gbScoreNoLinkSite.Code(), g.gbScoreMinLag}),
             Ints({30, 30, 0, -1, 0, 0, -1, 1}));
 }
 
@@ -50,10 +51,11 @@ TEST(CommandsTest, EachKeyAndWhatItCosts) {
   for (const auto& c : cases) {
     SCOPED_TRACE(std::string(1, c.key) + " from " + c.from.Text());
     Board b(2, c.from, {kFar});
-    b.g.gnLag = b.g.gnPlayerDir = 2;
+    b.g.gnLag = 2;
+    b.g.gnPlayerDir = Direction::Down;
     b.Key(c.key);
     EXPECT_EQ(b.g.gctPlayerPos, c.to);
-    EXPECT_EQ(Ints({b.g.gnPlayerDir, b.g.gnMoveCount, b.g.gnLag}), Ints({c.dir, c.moves, c.lag}));
+    EXPECT_EQ(Ints({DirCode(b.g.gnPlayerDir), b.g.gnMoveCount, b.g.gnLag}), Ints({c.dir, c.moves, c.lag}));
     EXPECT_EQ(b.Viruses(), c.turn ? kFarMoved : Cells{kFar});
     // Each direction has its own picture, numbered as the keys of the pad.
     EXPECT_EQ(b.w.At(c.to.nCol, c.to.nRow), c.to != c.from ? static_cast<Picture>(c.dir) : Picture::Player5);
@@ -67,7 +69,7 @@ TEST(CommandsTest, EachKeyAndWhatItCosts) {
   EXPECT_EQ(b.g.gctPlayerPos, At(5, 4));
   cp.CPDedLine = cp.CPLink = 'y';
   b.Key('y');
-  EXPECT_EQ(b.g.gbScoreNoLinkSite, 0);
+  EXPECT_EQ(b.g.gbScoreNoLinkSite.Code(), 0);
 }
 
 TEST(CommandsTest, LinkNeverLandsWithinOneCellOfItsStart) {
@@ -97,7 +99,7 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     SCOPED_TRACE(l.lag);
     Board b(2, At(10, 6), {kFar});
     b.g.gnLag = l.lag;
-    b.g.gnPlayerDir = 8;
+    b.g.gnPlayerDir = Direction::Up;
     b.g.pbrNetLag.BarColor = l.bar;
     b.Key('+');
     EXPECT_EQ(b.Viruses(), Cells{kFar});  // on normal the jump is a free turn
@@ -114,7 +116,7 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
   b.Key('5');
   b.Key('+');
   EXPECT_EQ(b.g.gctPlayerPos, At(10, 6));
-  EXPECT_EQ(Ints({b.g.gnLag, b.g.gnMoveCount, b.g.gbScoreNoLinkSite, b.g.gbLinkOn}), Ints({14, 1, 0, 0}));
+  EXPECT_EQ(Ints({b.g.gnLag, b.g.gnMoveCount, b.g.gbScoreNoLinkSite.Code(), b.g.gbLinkOn.Code()}), Ints({14, 1, 0, 0}));
   b.eng.InitMap();  // only a new layout of the site clears it, and shows the lag reset
   EXPECT_EQ(Lag(b), Ints({0, 0, 1}));
   EXPECT_EQ(std::make_tuple(b.w.bar.BarColor, b.w.bar.Value, b.Caption(Label::lblNetLag)),

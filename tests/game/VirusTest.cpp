@@ -68,7 +68,7 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     EXPECT_EQ(Shown(b.w), std::vector<std::string>{"Player Died: " + std::string(c.text) + "\n" + kAgain});
     // A reconnect spent, and the same site laid out again.
     EXPECT_EQ(Ints({static_cast<int>(b.w.messages.at(0).nButtons), b.g.gnReconnects, b.g.gnSitesHit, b.g.gnVirusLive,
-                    b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
+                    b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn.Code(), b.sc.glScore}),
               Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
     EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
@@ -91,7 +91,7 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
               "irretrievable! Game Over!Play again?: Would you like to play another game?");
     EXPECT_EQ(b.w.messages.at(2).nButtons, MsgButtons::YesNo);
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
-    EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn, b.g.gnReconnects, b.Caption(Label::lblReconnects)),
+    EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn.Code(), b.g.gnReconnects, b.Caption(Label::lblReconnects)),
               answer == MsgAnswer::Yes ? std::make_tuple(2, -1, 2, std::string("2"))
                                        : std::make_tuple(1, 0, -1, std::string("-")));
     if (answer == MsgAnswer::No) {

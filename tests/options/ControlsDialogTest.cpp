@@ -21,7 +21,7 @@ struct Controls : App {
   std::vector<std::string> names;  // the answers to the selection dialog, one per opening; none left cancels
 
   Controls() {
-    op.bSound = 0;
+    op.bSound = false;
     w.onDialog = [this](Dialog which) {
       if (which == Dialog::frmCommandList) {
         visit();
@@ -149,7 +149,7 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
 TEST(SelectDialog, NothingChosenIsRefusedAndCancelChoosesNothing) {
   App a;
   SelectDialog& s = a.sw.select;
-  a.sw.opts.Current().bSound = 0;
+  a.sw.opts.Current().bSound = false;
   a.w.onDialog = [&](Dialog) {
     s.cmdOk_Click();  // nothing typed: told so, the dialog stays
     EXPECT_TRUE(s.bShown);
@@ -160,7 +160,7 @@ TEST(SelectDialog, NothingChosenIsRefusedAndCancelChoosesNothing) {
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{
                             "No Selection Made: You have not made any selection.\nPlease type your selection or "
                             "choose a selection from the list.  Click 'Cancel' to abort."});
-  EXPECT_EQ(Ints({s.gbRet, s.gnSelIndex}), Ints({0, -1}));
+  EXPECT_EQ(Ints({s.gbRet.Code(), s.gnSelIndex}), Ints({0, -1}));
 }
 
 }  // namespace sw::test

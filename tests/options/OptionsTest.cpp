@@ -53,7 +53,8 @@ TEST(OptionsRecord, GuestAndBuiltInProfiles) {
   App a;
   const OptionProfile& g = a.sw.opts.gopOpts.at(0);
   EXPECT_EQ(g.szUserName + " " + g.szProfile, "Guest Number Pad (Default)");
-  EXPECT_EQ(Ints({g.nProfile, g.bDebug, g.nDiff, g.bGrid, g.bSound, g.nStartSite, g.nMapSize, g.bDownServers, g.bSafe}),
+  EXPECT_EQ(Ints({g.nProfile, g.bDebug.Code(), g.nDiff, g.bGrid.Code(), g.bSound.Code(), g.nStartSite, g.nMapSize,
+                  g.bDownServers.Code(), g.bSafe.Code()}),
             Ints({1, 0, 2, -1, -1, 0, 3, 0, 0}));
   const auto& cp = g.cpProfile;
   ASSERT_EQ(cp.size(), 5u);
@@ -76,8 +77,8 @@ TEST(OptionsFile, SavedTextAndLoadingItBackRestoreEveryField) {
   int16_t key = -8;
   for (const CommandField& f : kCommandFields) cp[5].*f.field = key++;  // CPMoveUp -8 ... CPLink 8
   cp[5].CPWait = 32767;
-  o.gopOpts.push_back({"Ann, the first", "pass word", 5, "Mine", cp, 0, 4, 0, 0, 7, 5, -1, -1});
-  o.gopOpts.push_back({"Bob", "", 0, "(Temporary)", o.gopOpts[0].cpProfile, 0, 1, -1, -1, 9, 3, 0, 0});
+  o.gopOpts.push_back({"Ann, the first", "pass word", 5, "Mine", cp, false, 4, false, false, 7, 5, true, true});
+  o.gopOpts.push_back({"Bob", "", 0, "(Temporary)", o.gopOpts[0].cpProfile, false, 1, true, true, 9, 3, false, false});
   o.gnOptMax = 2;
   o.gnOpt = 2;
   a.sw.optsFile.SaveOptions();
@@ -112,8 +113,8 @@ TEST(OptionsFile, ReaderFollowsTheTwoCursorsAndReadsValuesLoosely) {
     const OptionProfile& r = l.Rec(1);
     EXPECT_EQ(l.Rec(0).szUserName + " " + l.Rec(0).cpProfile[0].szName + " " + r.szUserName + " " + r.szPassword,
               "Zed temp Bare Name a");
-    EXPECT_EQ(std::vector<int>({l.Rec(0).cpProfile[0].CPLink, r.bGrid, r.bSound, r.bSafe, r.bDownServers, r.nDiff,
-                                r.nMapSize, r.nStartSite, r.nProfile}),
+    EXPECT_EQ(std::vector<int>({l.Rec(0).cpProfile[0].CPLink, r.bGrid.Code(), r.bSound.Code(), r.bSafe.Code(),
+                                r.bDownServers.Code(), r.nDiff, r.nMapSize, r.nStartSite, r.nProfile}),
               std::vector<int>({43, 0, -1, -1, 0, 2, 4, 4, 3}));
   }
   {  // a gap: records 1 and 2 stay blank; record 3 is fresh, then overwritten
@@ -213,8 +214,8 @@ TEST(OptionsFile, SettingsOutOfRangeAreReportedOnceAndReplaced) {
             "Options Out of Range: Some settings in the options file (sw.opt) are out of range; their defaults are "
             "used instead:\nDifficulty 0 of Ann: 2 used\nStarting site 12 of Ann: 0 used\nDifficulty 9 of Bob: 2 "
             "used\nMap size -1 of Bob: 3 used\nStarting site 10 of Bob: 0 used\nControl profile 9 of Bob: 1 used");
-  EXPECT_EQ(std::vector<int>({l.Rec(1).nDiff, l.Rec(1).nStartSite, l.Rec(1).bGrid, l.Rec(2).nDiff, l.Rec(2).nMapSize,
-                              l.Rec(2).nProfile}),
+  EXPECT_EQ(std::vector<int>({l.Rec(1).nDiff, l.Rec(1).nStartSite, l.Rec(1).bGrid.Code(), l.Rec(2).nDiff,
+                              l.Rec(2).nMapSize, l.Rec(2).nProfile}),
             std::vector<int>({2, 0, 0, 2, 3, 1}));
   EXPECT_EQ(l.Rec(2).szProfile, "Number Pad (Default)");
   EXPECT_EQ(l.Rec(2).cpProfile.at(5).CPMoveUp, 113);

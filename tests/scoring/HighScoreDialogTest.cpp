@@ -70,7 +70,7 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
 TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   TempDir dir;
   Board b(4);
-  b.sw.opts.Current().bSound = -1;
+  b.sw.opts.Current().bSound = true;
   Fill(b.sw.hs);
   const std::string before = b.sw.hs.PlainText();
   HighScoreDialog& d = b.sw.webmasters;

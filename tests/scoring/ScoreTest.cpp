@@ -43,7 +43,7 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
     SCOPED_TRACE(testing::Message() << "row " << &c - cases);
     Board p(c.diff);
     p.g.gnSitesHit = c.sites;
-    p.g.gbScoreNoLinkSite = c.noLink;
+    p.g.gbScoreNoLinkSite = c.noLink != 0;
     p.g.gnMoveCount = c.moves;
     p.g.gbScoreMinLag = c.minLag;
     p.sc.AddPoints(c.event);

@@ -81,8 +81,8 @@ class FakeWindow : public IMainWindow {
   CoordPair outline;
   std::vector<PopupItem> popup;      // the last pop-up menu's items
   std::function<int16_t()> onPopup;  // the item the player picks; none when unset
-  void ShowStep(int16_t nDir, const CoordPair& ct) override {
-    stepDir = nDir;
+  void ShowStep(Direction nDir, const CoordPair& ct) override {
+    stepDir = DirCode(nDir);
     outline = ct;
   }
   int16_t PopupMenu(const std::vector<PopupItem>& items) override {

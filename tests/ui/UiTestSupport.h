@@ -51,7 +51,7 @@ struct Session {
   Session() {
     w.show();
     w.Form_Load();
-    w.sw.opts.Current().bSound = 0;
+    w.sw.opts.Current().bSound = false;
   }
 };
 
@@ -59,12 +59,12 @@ struct Session {
 inline void PlaceBoard(swui::frmMain& w, std::initializer_list<sw::CoordPair> viruses) {
   sw::GameState& g = w.sw.game;
   w.sw.engine.ResetObjects();
-  g.gnPlayerDir = 5;
+  g.gnPlayerDir = sw::Direction::Pause;
   w.sw.engine.MovePlayer(sw::CoordPair{5, 5});
   g.gctVirusPos.insert(g.gctVirusPos.end(), viruses);
   g.gnVirusLive = g.gnVirusMax = static_cast<int16_t>(viruses.size());
   w.sw.engine.DrawViruses();
-  g.gbEndSite = -1;
+  g.gbEndSite = true;
   g.gnMoveCount = 0;
 }
 

@@ -100,7 +100,7 @@ class TestBoardInput : public QObject {
     QGuiApplication::styleHints()->setMousePressAndHoldInterval(1);
     PickFromMenu(2);
     QTest::touchEvent(w.grdMap, finger).press(0, Centre(w, 9, 4), w.grdMap);
-    QTRY_VERIFY(w.sw.game.gbScoreNoLinkSite == 0);
+    QTRY_VERIFY(!w.sw.game.gbScoreNoLinkSite);
     QTest::touchEvent(w.grdMap, finger).release(0, Centre(w, 9, 4), w.grdMap);
     QCOMPARE(w.sw.game.gnMoveCount, int16_t{2});  // the step and the link; none on lifting the finger
   }

@@ -165,13 +165,13 @@ class TestFrmMain : public QObject {
   void aPauseKeepsTurnsOut() {
     frmMain& w = s_->w;
     w.sw.opts.Current().nDiff = 4;
-    w.sw.opts.Current().bSound = -1;
+    w.sw.opts.Current().bSound = true;
     uitest::PlaceBoard(w, {{20, 10}, {20, 2}});
     const int16_t games = w.sw.game.gnGameNum;
     QString said;
     QTimer poll;
     connect(&poll, &QTimer::timeout, [&] {
-      if (w.sw.game.gbSleepOn == 0) return;
+      if (!w.sw.game.gbSleepOn) return;
       poll.stop();
       w.menNewGame->trigger();
       w.close();
@@ -207,7 +207,7 @@ class TestFrmMain : public QObject {
     typist.start(1);
     w.Start();
     QCoreApplication::postEvent(&w, new QKeyEvent(QEvent::KeyPress, Qt::Key_8, Qt::NoModifier, "8"));
-    QTRY_VERIFY(!typist.isActive() && w.sw.game.gbSleepOn == 0);
+    QTRY_VERIFY(!typist.isActive() && !w.sw.game.gbSleepOn);
     QCOMPARE(w.sw.game.gnMoveCount, int16_t{0});
     QVERIFY(keysInPause > 0 && boxes.titles.isEmpty());
   }
