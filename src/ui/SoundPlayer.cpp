@@ -7,6 +7,9 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
 
 namespace swui {
 
@@ -20,6 +23,30 @@ constexpr off_t kMaxReservedFrames = 10 * 60 * 48000;  // a longer clip is decod
 // ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
 void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 
+// Whether ALSA's "default" device can be there. With no sound card and nothing in ALSA's
+// configuration that could send "default" elsewhere (a sound server, another device), opening it is
+// bound to fail: not trying spares each sound loading ALSA and parsing its configuration, about half
+// a megabyte while it lasts. A card plugged in later is found by the next sound.
+bool DefaultDeviceCanExist() {
+  if (std::getenv("ALSA_CONFIG_PATH") != nullptr || std::getenv("ALSA_CONFIG_DIR") != nullptr) return true;
+  std::vector<std::filesystem::path> places{"/dev/snd",
+                                            "/var/lib/alsa/conf.d",
+                                            "/usr/etc/alsa/conf.d",
+                                            "/etc/alsa/conf.d",
+                                            "/usr/share/alsa/alsa.conf.d",
+                                            "/etc/asound.conf",
+                                            "/usr/etc/asound.conf"};
+  const char* home = std::getenv("HOME");
+  const char* xdg = std::getenv("XDG_CONFIG_HOME");
+  if (home != nullptr) places.push_back(std::filesystem::path(home) / ".asoundrc");
+  if (xdg != nullptr && *xdg != '\0')
+    places.push_back(std::filesystem::path(xdg) / "alsa/asoundrc");
+  else if (home != nullptr)
+    places.push_back(std::filesystem::path(home) / ".config/alsa/asoundrc");
+  std::error_code ec;
+  return std::any_of(places.begin(), places.end(), [&ec](const auto& p) { return std::filesystem::exists(p, ec); });
+}
+
 // Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
 // ALSA is loaded by each Open and let go by each Close: between sounds the game holds none of it.
 class AlsaOutput : public SoundOutput {
@@ -28,6 +55,7 @@ class AlsaOutput : public SoundOutput {
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
+    if (device_ == "default" && !DefaultDeviceCanExist()) return false;
     a_ = alsa_.Get();
     if (a_ == nullptr) return false;  // no ALSA: the output never opens
     a_->snd_lib_error_set_handler(QuietAlsa);
