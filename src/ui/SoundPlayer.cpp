@@ -3,12 +3,13 @@
 #include "ui/SoundLibs.h"
 
 #include <pthread.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <cstdlib>
-#include <filesystem>
+#include <string>
 #include <vector>
 
 namespace swui {
@@ -29,22 +30,24 @@ void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 // a megabyte while it lasts. A card plugged in later is found by the next sound.
 bool DefaultDeviceCanExist() {
   if (std::getenv("ALSA_CONFIG_PATH") != nullptr || std::getenv("ALSA_CONFIG_DIR") != nullptr) return true;
-  std::vector<std::filesystem::path> places{"/dev/snd",
-                                            "/var/lib/alsa/conf.d",
-                                            "/usr/etc/alsa/conf.d",
-                                            "/etc/alsa/conf.d",
-                                            "/usr/share/alsa/alsa.conf.d",
-                                            "/etc/asound.conf",
-                                            "/usr/etc/asound.conf"};
-  const char* home = std::getenv("HOME");
+  std::vector<std::string> places{"/dev/snd",
+                                  "/var/lib/alsa/conf.d",
+                                  "/usr/etc/alsa/conf.d",
+                                  "/etc/alsa/conf.d",
+                                  "/usr/share/alsa/alsa.conf.d",
+                                  "/etc/asound.conf",
+                                  "/usr/etc/asound.conf"};
+  const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
   const char* xdg = std::getenv("XDG_CONFIG_HOME");
-  if (home != nullptr) places.push_back(std::filesystem::path(home) / ".asoundrc");
+  if (!home.empty()) places.push_back(home + "/.asoundrc");
   if (xdg != nullptr && *xdg != '\0')
-    places.push_back(std::filesystem::path(xdg) / "alsa/asoundrc");
-  else if (home != nullptr)
-    places.push_back(std::filesystem::path(home) / ".config/alsa/asoundrc");
-  std::error_code ec;
-  return std::any_of(places.begin(), places.end(), [&ec](const auto& p) { return std::filesystem::exists(p, ec); });
+    places.push_back(std::string(xdg) + "/alsa/asoundrc");
+  else if (!home.empty())
+    places.push_back(home + "/.config/alsa/asoundrc");
+  return std::any_of(places.begin(), places.end(), [](const std::string& p) {
+    struct stat st {};
+    return stat(p.c_str(), &st) == 0;
+  });
 }
 
 // Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
