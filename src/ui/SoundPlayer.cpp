@@ -58,7 +58,7 @@ class AlsaOutput : public SoundOutput {
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
-    if (device_ == "default" && !DefaultDeviceCanExist()) return false;
+    if (!MayOpen()) return false;
     a_ = alsa_.Get();
     if (a_ == nullptr) return false;  // no ALSA: the output never opens
     a_->snd_lib_error_set_handler(QuietAlsa);
@@ -100,6 +100,7 @@ class AlsaOutput : public SoundOutput {
   void Drop() override {
     if (pcm_ != nullptr) a_->snd_pcm_drop(pcm_);
   }
+  bool MayOpen() const override { return device_ != "default" || DefaultDeviceCanExist(); }
   void Close() override {
     if (pcm_ != nullptr) a_->snd_pcm_close(pcm_);
     pcm_ = nullptr;
@@ -179,6 +180,11 @@ SoundPlayer::~SoundPlayer() {
 }
 
 std::shared_ptr<const Clip> SoundPlayer::Load(const std::string& path) {
+  if (!output_->MayOpen()) {
+    last_.reset();
+    lastPath_.clear();
+    return nullptr;
+  }
   if (path == lastPath_ && decodes_ > 0) return last_;
   ++decodes_;
   last_.reset();  // the one kept goes first: its memory serves the new one
