@@ -1,17 +1,19 @@
 #include "ui/Sound.h"
 
+#include <sys/stat.h>
+
 #include <algorithm>
-#include <filesystem>
-#include <system_error>
 #include <vector>
 
 namespace swui {
 
 namespace {
 
-bool IsFile(const std::filesystem::path& p) {
-  std::error_code ec;
-  return std::filesystem::is_regular_file(p, ec);
+// Plain stat() rather than std::filesystem: a sound's look-up then brings in none of the library's
+// path code, which the rest of a session does not use.
+bool IsFile(const std::string& p) {
+  struct stat st {};
+  return stat(p.c_str(), &st) == 0 && S_ISREG(st.st_mode);
 }
 
 }  // namespace
@@ -25,26 +27,25 @@ std::string Sound::Resolve(const std::string& fileName) {
   std::replace(rel.begin(), rel.end(), '\\', '/');
   if (rel.rfind("./", 0) == 0) rel.erase(0, 2);
   if (rel.empty()) return {};
-  const std::filesystem::path relPath(rel);
-  if (relPath.is_absolute()) return IsFile(relPath) ? rel : std::string{};
+  if (rel.front() == '/') return IsFile(rel) ? rel : std::string{};
 
-  std::vector<std::filesystem::path> candidates{relPath};
+  std::vector<std::string> candidates{rel};
   // The installed and the source-tree folders hold the sounds folder itself.
-  std::filesystem::path inSounds;
-  auto it = relPath.begin();
-  if (it != relPath.end() && *it == "sounds") {
-    for (++it; it != relPath.end(); ++it) inSounds /= *it;
+  std::string inSounds;
+  if (rel.rfind("sounds/", 0) == 0) {
+    const size_t at = rel.find_first_not_of('/', 7);
+    if (at != std::string::npos) inSounds = rel.substr(at);
   }
   if (!inSounds.empty()) {
 #ifdef SKITTERWEB_DATADIR
-    candidates.push_back(std::filesystem::path(SKITTERWEB_DATADIR) / "sounds" / inSounds);
+    candidates.push_back(std::string(SKITTERWEB_DATADIR) + "/sounds/" + inSounds);
 #endif
 #ifdef SKITTERWEB_SOURCE_ASSETS
-    candidates.push_back(std::filesystem::path(SKITTERWEB_SOURCE_ASSETS) / "sounds" / inSounds);
+    candidates.push_back(std::string(SKITTERWEB_SOURCE_ASSETS) + "/sounds/" + inSounds);
 #endif
   }
   for (const auto& c : candidates)
-    if (IsFile(c)) return c.string();
+    if (IsFile(c)) return c;
   return {};
 }
 

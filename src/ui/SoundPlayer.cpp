@@ -3,10 +3,14 @@
 #include "ui/SoundLibs.h"
 
 #include <pthread.h>
+#include <sys/stat.h>
 
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <cstdlib>
+#include <string>
+#include <vector>
 
 namespace swui {
 
@@ -20,6 +24,32 @@ constexpr off_t kMaxReservedFrames = 10 * 60 * 48000;  // a longer clip is decod
 // ALSA reports a missing card on stderr unless told otherwise; the game stays quiet.
 void QuietAlsa(const char*, int, const char*, int, const char*, ...) {}
 
+// Whether ALSA's "default" device can be there. With no sound card and nothing in ALSA's
+// configuration that could send "default" elsewhere (a sound server, another device), opening it is
+// bound to fail: not trying spares each sound loading ALSA and parsing its configuration, about half
+// a megabyte while it lasts. A card plugged in later is found by the next sound.
+bool DefaultDeviceCanExist() {
+  if (std::getenv("ALSA_CONFIG_PATH") != nullptr || std::getenv("ALSA_CONFIG_DIR") != nullptr) return true;
+  std::vector<std::string> places{"/dev/snd",
+                                  "/var/lib/alsa/conf.d",
+                                  "/usr/etc/alsa/conf.d",
+                                  "/etc/alsa/conf.d",
+                                  "/usr/share/alsa/alsa.conf.d",
+                                  "/etc/asound.conf",
+                                  "/usr/etc/asound.conf"};
+  const std::string home = std::getenv("HOME") != nullptr ? std::getenv("HOME") : "";
+  const char* xdg = std::getenv("XDG_CONFIG_HOME");
+  if (!home.empty()) places.push_back(home + "/.asoundrc");
+  if (xdg != nullptr && *xdg != '\0')
+    places.push_back(std::string(xdg) + "/alsa/asoundrc");
+  else if (!home.empty())
+    places.push_back(home + "/.config/alsa/asoundrc");
+  return std::any_of(places.begin(), places.end(), [](const std::string& p) {
+    struct stat st {};
+    return stat(p.c_str(), &st) == 0;
+  });
+}
+
 // Non-blocking underneath, so that a device that stops taking samples costs at most kStallMs.
 // ALSA is loaded by each Open and let go by each Close: between sounds the game holds none of it.
 class AlsaOutput : public SoundOutput {
@@ -28,6 +58,7 @@ class AlsaOutput : public SoundOutput {
   ~AlsaOutput() override { Close(); }
   bool Open(long rate, int channels) override {
     Close();
+    if (!MayOpen()) return false;
     a_ = alsa_.Get();
     if (a_ == nullptr) return false;  // no ALSA: the output never opens
     a_->snd_lib_error_set_handler(QuietAlsa);
@@ -69,6 +100,7 @@ class AlsaOutput : public SoundOutput {
   void Drop() override {
     if (pcm_ != nullptr) a_->snd_pcm_drop(pcm_);
   }
+  bool MayOpen() const override { return device_ != "default" || DefaultDeviceCanExist(); }
   void Close() override {
     if (pcm_ != nullptr) a_->snd_pcm_close(pcm_);
     pcm_ = nullptr;
@@ -148,6 +180,11 @@ SoundPlayer::~SoundPlayer() {
 }
 
 std::shared_ptr<const Clip> SoundPlayer::Load(const std::string& path) {
+  if (!output_->MayOpen()) {
+    last_.reset();
+    lastPath_.clear();
+    return nullptr;
+  }
   if (path == lastPath_ && decodes_ > 0) return last_;
   ++decodes_;
   last_.reset();  // the one kept goes first: its memory serves the new one

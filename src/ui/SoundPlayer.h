@@ -34,6 +34,8 @@ class SoundOutput {
   virtual void Drain() = 0;  // the clip has played out
   virtual void Drop() = 0;   // stops at once
   virtual void Close() = 0;
+  // False when Open is bound to fail (no device to open): the player then decodes nothing.
+  virtual bool MayOpen() const { return true; }
 };
 
 // An ALSA device ("default" unless named); quiet when it does not exist.
@@ -50,7 +52,8 @@ class SoundPlayer {
   SoundPlayer& operator=(const SoundPlayer&) = delete;
 
   // The decoded clip of a file: from memory when it is the file loaded last, else decoded now
-  // (a clip of a second or two takes about a millisecond) in place of that one.
+  // (a clip of a second or two takes about a millisecond) in place of that one; null, with nothing
+  // decoded, when the output has no device to open.
   std::shared_ptr<const Clip> Load(const std::string& path);
   // Starts a clip, cutting off the one playing; returns at once.
   void Play(std::shared_ptr<const Clip> clip);

@@ -88,6 +88,12 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   setObjectName("frmMsgBox");
   setModal(true);
   setSizeGripEnabled(false);
+  // The box's text and captions are plain Latin, like the main window's: measured and drawn from
+  // the font's glyphs and advances, without the shaping engine, whose code a box would otherwise
+  // bring in for nothing (text in a script that needs shaping is still shaped).
+  QFont plain = font();
+  plain.setStyleStrategy(QFont::PreferNoShaping);
+  setFont(plain);
 
   auto makeButton = [this](const char* name, const char* caption, sw::MsgAnswer code) {
     auto* b = new QPushButton(QString::fromUtf8(caption), this);
@@ -107,6 +113,7 @@ frmMsgBox::frmMsgBox(QWidget* owner, int32_t ownerWidth)
   // Title bars show their text in a bold face.
   QFont titleFont = QFontDatabase::systemFont(QFontDatabase::TitleFont);
   titleFont.setBold(true);
+  titleFont.setStyleStrategy(QFont::PreferNoShaping);
   lblTitleTest->setFont(titleFont);
   lblTitleTest->hide();
 

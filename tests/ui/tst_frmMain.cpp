@@ -86,6 +86,17 @@ class TestFrmMain : public QObject {
     QVERIFY(!uitest::Mapped("libasound.so"));
   }
 
+  // With no device to open (no sound card), a sound is not even decoded.
+  void aSoundWithNoDeviceDecodesNothing() {
+    struct NoDevice : Recorder {
+      bool MayOpen() const override { return false; }
+    };
+    const std::string path = swui::Sound::Resolve(".\\sounds\\ammopu3.mp3");
+    swui::SoundPlayer quiet{std::make_unique<NoDevice>()}, heard{std::make_unique<Recorder>()};
+    QVERIFY(quiet.Load(path) == nullptr && quiet.Decodes() == 0);
+    QVERIFY(heard.Load(path) != nullptr && heard.Decodes() == 1);
+  }
+
   // A new sound stops the last at once, and plays to its end.
   void aNewSoundCutsOffTheLast() {
     auto* rec = new Recorder;
