@@ -78,6 +78,13 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
   b.g.gbGameOn = 0;
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
+  // A right click on the difficulty label goes on to the next level, after the last back to the first; a left
+  // click does nothing.
+  m.lblDiff_MouseDown(1);
+  for (const char* next : {"Nightmare", "Easy"}) {
+    m.lblDiff_MouseDown(2);
+    EXPECT_EQ(b.Caption(Label::lblDiff), next);
+  }
 }
 
 TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {

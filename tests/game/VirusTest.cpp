@@ -61,6 +61,8 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     SCOPED_TRACE(c.text);
     Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnSitesHit = 3;
+    Picture waiting = Picture::None;  // Whisk as drawn in the first pause of a wait
+    b.w.onEvents = [&] { waiting = b.w.At(5, 5); };
     if (c.key)
       b.Key(c.key);
     else
@@ -71,7 +73,9 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
                     b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn, b.sc.glScore}),
               Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
-    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
+    // A wait: phases 200 ms apart, Whisk standing, facing the player.
+    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));
+    EXPECT_EQ(waiting, c.key == '0' ? Picture::Player5 : Picture::None);
   }
 }
 
