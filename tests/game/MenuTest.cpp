@@ -110,13 +110,14 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
             Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
 
-  // Once the lists are there, the start shows the best score of the player's difficulty.
+  // Once the lists are there, the start says nothing and shows the best score of the player's difficulty.
   a.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 5000;
   a.sw.hs.Entry(HighScores::kAllTime, 3, 2).lScore = 4000;
   a.sw.hs.WriteHighScores();
   App c;
   c.sw.menu.Form_Load();
   EXPECT_EQ(c.w.captions[Label::lblHighScore], "5,000");
+  EXPECT_TRUE(c.w.messages.empty());
 }
 
 }  // namespace sw::test

@@ -94,6 +94,7 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
               "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
               "irretrievable! Game Over!Play again?: Would you like to play another game?");
     EXPECT_EQ(b.w.messages.at(2).nButtons, MsgButtons::YesNo);
+    EXPECT_EQ(b.w.dialogs, std::vector<Dialog>{Dialog::frmHighScore});  // the lists open on the place earned
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
     EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn, b.g.gnReconnects, b.Caption(Label::lblReconnects)),
               answer == MsgAnswer::Yes ? std::make_tuple(2, -1, 2, std::string("2"))

@@ -97,16 +97,6 @@ class TestFrmMain : public QObject {
     QCOMPARE(rec->events, "open drop close open drain close ");
   }
 
-  // On a 96 DPI screen at scale 1 the board's pictures (with the grid or without it), the pointer
-  // and the icon were drawn at build time: the window reads no SVG and loads no SVG code.
-  void aBoardAt96DpiReadsNoSvg() {
-    for (int i = 0; i < 2; ++i, s_->w.sw.menu.menGrid_Click()) (void)s_->w.grab();
-    s_->w.SetPointer(sw::Pointer::Custom);
-    QCOMPARE(frmMain::AppIcon().availableSizes().size(), 4);
-    QCOMPARE(s_->w.grdMap->Pictures().SvgReads(), 0);
-    QVERIFY(!uitest::Mapped("libQt6Svg"));
-  }
-
   // A first run: the first game on the map; the options on the menus; the window and its cells sized
   // in twips, the cells taking the grid lines' room without them.
   void startUpShowsTheFirstGame() {
