@@ -79,6 +79,14 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
   b.Set(At(0, 0), {At(3, 4)});
   review.Key(ReviewKey::Left);
   EXPECT_EQ(b.w.announced.back(), "edge, Whisk at 1, 1");
+  b.g.gbGameOn = 0;  // a game lost: the dead mouse stays until the next game
+  b.g.gnReconnects = -1;
+  review.Key(ReviewKey::Whisk);
+  EXPECT_EQ(b.w.announced.back(), "dead mouse at 1, 1");
+  // Whisk's cell, as the board describes it: the way the last step went.
+  EXPECT_EQ(PictureFacing(Picture::Player1) + ", " + PictureFacing(Picture::Player5) + ", " +
+                PictureFacing(Picture::Player6) + ", " + PictureFacing(Picture::Death),
+            "facing down-left, standing, facing right, ");
 }
 
 }  // namespace sw::test
