@@ -132,7 +132,7 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
     c.op.nProfile = 3;
     c.op.szProfile = "Keyboard Right";
     c.Visit([&] {
-      EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
+      EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kLink].text, "OEnter");  // every box, Link's too
       c.d.cmbKey_Change(kUp, "w");
       c.names = {"Mine", "Two"};
       c.w.answers = {t.answer == MsgAnswer::Yes ? MsgAnswer::Yes : MsgAnswer::No};
