@@ -114,11 +114,16 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   for (char key : {'8', 'z'}) b.Key(key);
   b.g.gnGameNum = 49;
   b.eng.StartGame();  // the 50th game closes and reopens the log for appending
+  // The viruses placed: seven, in one list.
+  std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";
+  for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
+  b.Set(At(5, 5), {At(7, 5)}, {At(6, 5)});  // the last virus steps onto an infected server
+  b.Key('5');
   b.sw.dbg.DebugExit();
   const std::string log = Slurp(DebugLog::kFileName);
   const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
   // Whole lines: a bound key and an unbound one (the entry line and the comment, nothing more), a move, a new
-  // layout, crashes in one call (which share one start mark), the fiftieth game.
+  // layout, crashes in one call (which share one start mark), the fiftieth game, a virus on an infected server.
   for (const std::string& l : std::vector<std::string>{
            "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]", "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
            "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1\r\n"
@@ -135,12 +140,10 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
                many,
            "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
            "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15",
+           "{{ CheckInfected }} (input) ctPos=6,5 (variables) gctInfectedPos - index=1",
            kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
                     "     --> score is also reset to 0.  gnGameNum=50"})
     EXPECT_NE(log.find("\n" + l + "\r\n"), std::string::npos) << l;
-  // The viruses placed: seven, in one list.
-  std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";
-  for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
   EXPECT_NE(log.find(placed + " }\r\n"), std::string::npos) << placed;
 }
 

@@ -78,6 +78,13 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
   b.g.gbGameOn = false;
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
+  // A right click on the difficulty label goes on to the next level, after the last back to the first; a left
+  // click does nothing.
+  m.lblDiff_MouseDown(1);
+  for (const char* next : {"Nightmare", "Easy"}) {
+    m.lblDiff_MouseDown(2);
+    EXPECT_EQ(b.Caption(Label::lblDiff), next);
+  }
 }
 
 TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
@@ -103,13 +110,14 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
             Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
 
-  // Once the lists are there, the start shows the best score of the player's difficulty.
+  // Once the lists are there, the start says nothing and shows the best score of the player's difficulty.
   a.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 5000;
   a.sw.hs.Entry(HighScores::kAllTime, 3, 2).lScore = 4000;
   a.sw.hs.WriteHighScores();
   App c;
   c.sw.menu.Form_Load();
   EXPECT_EQ(c.w.captions[Label::lblHighScore], "5,000");
+  EXPECT_TRUE(c.w.messages.empty());
 }
 
 }  // namespace sw::test

@@ -17,30 +17,36 @@ static bool Like(const char* t, const char* p) {
 
 // One key, one sentence of news, or none when the board did not change.
 TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
-  // The answers are to the boxes the turn shows; the news is a pattern (# a number, * anything), "" for silence.
+  // Each box the turn shows is answered by its default button; the news is a pattern (# a number, * anything),
+  // "" for silence. Whisk stands at 6, 6.
   const struct {
     const char* name;
-    CoordPair mouse;
     Cells viruses;
     char key;
     int16_t reconnects;
-    std::deque<MsgAnswer> answers;  // empty: each box answered by its default button
     const char* news;
   } cases[] = {
-      {"move", At(5, 5), {At(10, 5), At(5, 12)}, '6', 2, {}, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
-      {"crash", At(5, 5), {At(9, 4), At(9, 6), At(20, 13)}, '5', 2, {}, "1 crash. 1 virus, nearest 7 down 14 right."},
-      {"unbound key", At(5, 5), {At(20, 13)}, 'q', 2, {}, ""},
-      {"death", At(5, 5), {At(6, 6), At(20, 13)}, '5', 2, {}, "Died. Whisk at #, #. 7 viruses, nearest *."},
-      {"site hit", At(5, 5), {At(9, 4), At(9, 6)}, '5', 2, {}, "Site hit. Whisk at #, #. 8 viruses, nearest *."},
-      {"played again", At(5, 5), {At(6, 6)}, '5', 0, {}, "Game over. New game. Whisk at #, #. 7 viruses*"},
-      {"link", At(5, 5), {At(23, 13)}, '+', 2, {}, "Whisk at #, #. 1 virus, nearest *. lag: yellow."},
+      {"move", {At(10, 5), At(5, 12)}, '6', 2, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
+      {"a third dies on the server",
+       {At(8, 5), At(8, 5), At(8, 5), At(20, 13)},
+       '5',
+       2,
+       "1 crash. 1 virus died on an infected server. 1 virus, nearest 7 down 14 right."},
+      {"two such",
+       {At(8, 5), At(8, 5), At(8, 5), At(8, 2), At(8, 2), At(8, 2), At(20, 13)},
+       '5',
+       2,
+       "2 crashes. 2 viruses died on infected servers. 1 virus, nearest *."},
+      {"unbound key", {At(20, 13)}, 'q', 2, ""},
+      {"death", {At(6, 6), At(20, 13)}, '5', 2, "Died. Whisk at #, #. 7 viruses, nearest *."},
+      {"site hit", {At(9, 4), At(9, 6)}, '5', 2, "Site hit. Whisk at #, #. 8 viruses, nearest *."},
+      {"played again", {At(6, 6)}, '5', 0, "Game over. New game. Whisk at #, #. 7 viruses*"},
+      {"link", {At(23, 13)}, '+', 2, "Whisk at #, #. 1 virus, nearest *. lag: yellow."},
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    Board b;
-    b.Set(c.mouse, c.viruses);
+    Board b(2, At(5, 5), c.viruses);
     b.g.gnReconnects = c.reconnects;
-    b.w.answers = c.answers;
     b.sw.news.Form_KeyPress(c.key);
     ASSERT_EQ(b.w.announced.size(), *c.news ? 1u : 0u);
     if (*c.news) {
@@ -58,6 +64,9 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
   const std::pair<ReviewKey, const char*> steps[] = {
       {ReviewKey::Right, "infected server, 1 right"},
       {ReviewKey::Up, "empty, 1 up 1 right"},
+      {ReviewKey::Down, "infected server, 1 right"},
+      {ReviewKey::Down, "empty, 1 down 1 right"},
+      {ReviewKey::Left, "empty, 1 down"},
       {ReviewKey::Whisk, "Whisk at 6, 6"},
       {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
       {ReviewKey::NearestVirus, "virus, 4 down"},
@@ -70,6 +79,14 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
   b.Set(At(0, 0), {At(3, 4)});
   review.Key(ReviewKey::Left);
   EXPECT_EQ(b.w.announced.back(), "edge, Whisk at 1, 1");
+  b.g.gbGameOn = 0;  // a game lost: the dead mouse stays until the next game
+  b.g.gnReconnects = -1;
+  review.Key(ReviewKey::Whisk);
+  EXPECT_EQ(b.w.announced.back(), "dead mouse at 1, 1");
+  // Whisk's cell, as the board describes it: the way the last step went.
+  EXPECT_EQ(PictureFacing(Picture::Player1) + ", " + PictureFacing(Picture::Player5) + ", " +
+                PictureFacing(Picture::Player6) + ", " + PictureFacing(Picture::Death),
+            "facing down-left, standing, facing right, ");
 }
 
 }  // namespace sw::test

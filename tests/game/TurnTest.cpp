@@ -92,9 +92,10 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     uint32_t back, fore;
     const char* text;
     int value;
-  } links[] = {{2, color::Blue, {6, 4, 2}, color::Yellow, color::Black, "4", 6},
-               {6, color::Yellow, {11, 5, 3}, color::Red, color::White, "5", 11},
-               {8, color::Red, {14, -1, 4}, color::Black, color::White, "X", 13}};  // shown full
+    const char* word;  // the tier as a screen reader names it
+  } links[] = {{2, color::Blue, {6, 4, 2}, color::Yellow, color::Black, "4", 6, "yellow"},
+               {6, color::Yellow, {11, 5, 3}, color::Red, color::White, "5", 11, "red"},
+               {8, color::Red, {14, -1, 4}, color::Black, color::White, "X", 13, "timeout"}};  // shown full
   for (const auto& l : links) {
     SCOPED_TRACE(l.lag);
     Board b(2, At(10, 6), {kFar});
@@ -108,6 +109,7 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     EXPECT_EQ(b.w.bar.BarColor, l.back);
     EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(l.back, l.fore));
     EXPECT_EQ(std::make_pair(b.Caption(Label::lblNetLag), b.w.bar.Value), std::make_pair(std::string(l.text), l.value));
+    EXPECT_EQ(LagTierWord(b.w.bar), l.word);
   }
   // In the timeout the lag no longer falls and a link is refused: a move counted, the no-link bonus lost.
   Board b(2, At(10, 6), {kFar});
@@ -122,6 +124,7 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
   EXPECT_EQ(std::make_tuple(b.w.bar.BarColor, b.w.bar.Value, b.Caption(Label::lblNetLag)),
             std::make_tuple(color::Blue, 0, std::string("0")));
   EXPECT_EQ(b.w.labelColors[Label::lblNetLag], std::make_pair(color::Silver, color::Black));
+  EXPECT_EQ(LagTierWord(b.w.bar), "blue");
   // Falling: the tier mark stays at its highest; at 0 nothing changes, not even the colours.
   const struct {
     Ints lag;

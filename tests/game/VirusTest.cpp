@@ -61,6 +61,8 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
     SCOPED_TRACE(c.text);
     Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnSitesHit = 3;
+    Picture waiting = Picture::None;  // Whisk as drawn in the first pause of a wait
+    b.w.onEvents = [&] { waiting = b.w.At(5, 5); };
     if (c.key)
       b.Key(c.key);
     else
@@ -71,7 +73,9 @@ TEST(SiteEndTest, EachCauseOfDeathHasItsText) {
                     b.g.gnInfectedCount, b.g.gnMoveCount, b.g.gbWaitOn.Code(), b.sc.glScore}),
               Ints({0, 1, 3, 10, 0, 0, 0, 0}));
     EXPECT_EQ(b.Caption(Label::lblReconnects), "1");
-    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));  // wait: phases 200 ms apart
+    // A wait: phases 200 ms apart, Whisk standing, facing the player.
+    EXPECT_EQ(b.w.sleeps, std::vector<int32_t>(c.key == '0' ? 3 : 0, 200));
+    EXPECT_EQ(waiting, c.key == '0' ? Picture::Player5 : Picture::None);
   }
 }
 
@@ -90,6 +94,7 @@ TEST(SiteEndTest, LastReconnectLostEndsTheGame) {
               "Player Died: Poor little suicidal mouse! Lucky, lucky virus!\nSoul file "
               "irretrievable! Game Over!Play again?: Would you like to play another game?");
     EXPECT_EQ(b.w.messages.at(2).nButtons, MsgButtons::YesNo);
+    EXPECT_EQ(b.w.dialogs, std::vector<Dialog>{Dialog::frmHighScore});  // the lists open on the place earned
     b.Key('2');  // a game that stays over takes no keys: the dead mouse stays
     EXPECT_EQ(std::make_tuple(b.g.gnGameNum, b.g.gbGameOn.Code(), b.g.gnReconnects, b.Caption(Label::lblReconnects)),
               answer == MsgAnswer::Yes ? std::make_tuple(2, -1, 2, std::string("2"))

@@ -13,6 +13,13 @@ namespace {
 constexpr int16_t kLink = 0, kDown = 2, kUp = 8, kWait = 10;
 using Ints = std::vector<int>;  // several values compared at once
 
+// The rows of the profile list: the four built-in profiles, then the saved ones.
+std::vector<std::string> Names(std::initializer_list<const char*> saved) {
+  std::vector<std::string> rows = {"Number Pad (Default)", "Keyboard Left", "Keyboard Right", "Old School (larn)"};
+  rows.insert(rows.end(), saved.begin(), saved.end());
+  return rows;
+}
+
 struct Controls : App {
   CommandListDialog& d = sw.controls;
   SelectDialog& sel = sw.select;
@@ -79,7 +86,9 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
     EXPECT_EQ(Shown(c.w).at(0),
               "Invalid Profile Name: You cannot use a profile name reserved for the default "
               "configurations.\nPlease select a different profile name.");
-    EXPECT_EQ(std::to_string(c.op.nProfile) + c.d.cmbProfileItems.back() + std::to_string(c.d.bDelEnabled), "5Arrows1");
+    // The new profile's name is the list's last row, and the one selected.
+    EXPECT_EQ(c.d.cmbProfileItems, Names({"Arrows"}));
+    EXPECT_EQ(Ints({c.op.nProfile, c.d.nProfileIndex, c.d.bDelEnabled}), Ints({5, 4, 1}));
     c.d.cmdOK_Click();
   });
   ASSERT_EQ(c.op.cpProfile.size(), 6u);
@@ -96,6 +105,7 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
     c.w.answers = {MsgAnswer::Yes};
     c.d.cmdDelProfile_Click();
     EXPECT_EQ(Ints({int(c.op.cpProfile.size()), c.op.nProfile, c.d.nProfileIndex}), Ints({5, 1, 0}));
+    EXPECT_EQ(c.d.cmbProfileItems, Names({}));
     EXPECT_EQ(c.op.szProfile + " " + c.d.cmbKey[kUp].text, "Number Pad (Default) 8");
     c.d.cmdOK_Click();
   });
@@ -122,7 +132,7 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
     c.op.nProfile = 3;
     c.op.szProfile = "Keyboard Right";
     c.Visit([&] {
-      EXPECT_EQ(c.d.cmbKey[kUp].text, "O");
+      EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kLink].text, "OEnter");  // every box, Link's too
       c.d.cmbKey_Change(kUp, "w");
       c.names = {"Mine", "Two"};
       c.w.answers = {t.answer == MsgAnswer::Yes ? MsgAnswer::Yes : MsgAnswer::No};

@@ -17,8 +17,8 @@ void Fill(HighScores& hs) {
 
 }  // namespace
 
-// A name typed into the row earned goes into both lists; an old row takes none. (A game that ends opens
-// the lists, and the name is in the file at the next start: see the dialog's and the whole-program tests.)
+// A name typed into the row earned goes into both lists, and into the file the next start reads; an old row
+// takes none. (A game that ends opens the lists: the site's end tests.)
 TEST(HighScoreDialog, ANewWebmastersNameGoesIntoBothListsAndOldRowsTakeNone) {
   TempDir dir;
   Board b;  // normal
@@ -39,6 +39,9 @@ TEST(HighScoreDialog, ANewWebmastersNameGoesIntoBothListsAndOldRowsTakeNone) {
   EXPECT_EQ(b.sw.hs.Entry(HighScores::kAllTime, 2, 3), (WebmasterEntry{850, 4, "Ann, the first"}));
   EXPECT_EQ(b.sw.hs.Entry(HighScores::kPersonal, 2, 3).szName + b.sw.hs.Entry(HighScores::kAllTime, 2, 5).szName,
             "Ann, the firstold");
+  App next;
+  next.sw.hs.LoadHighScores();
+  EXPECT_EQ(next.sw.hs.PlainText(), b.sw.hs.PlainText());
 }
 
 // A screen reader hears which list, which place and what score the new row holds, in the list where it

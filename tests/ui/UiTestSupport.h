@@ -25,9 +25,6 @@ inline QByteArray ReadFile(const QString& name) {
   return f.open(QIODevice::ReadOnly) ? f.readAll() : QByteArray();
 }
 
-// Whether a shared library whose file name starts with `name` is mapped into this process.
-inline bool Mapped(const char* name) { return ReadFile("/proc/self/maps").contains(QByteArray("/") + name); }
-
 // Records the title of every message box, and answers with the default button (Yes or OK)
 // unless `next` holds another answer for the next box.
 struct ScriptedBoxes {

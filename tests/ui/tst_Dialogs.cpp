@@ -1,10 +1,8 @@
-// The board: a move repaints only the cells that changed. The message box's geometry, framed too, and
-// its answers; the help and the dialogs on screen, opened as the game opens them: F1, Mark Debug Log,
-// the controls with the selection dialog, and the webmaster lists.
+// The message box's geometry, framed too, and its answers; the help and the dialogs on screen, opened as the game opens
+// them: F1, Mark Debug Log, the controls with the selection dialog, and the webmaster lists.
 #include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
-#include <QPaintEvent>
 #include <QTextBrowser>
 #include <QWindow>
 #include <tuple>
@@ -16,7 +14,6 @@
 #include "ui/UiTestSupport.h"
 #include "ui/frmHelp.h"
 
-using sw::Picture;
 using swui::frmMsgBox;
 using uitest::InNextDialog;
 using Ints = QList<int>;
@@ -35,30 +32,11 @@ class TestDialogs : public QObject {
   Q_OBJECT
 
   std::unique_ptr<uitest::Session> s_;
-  QList<QRegion> painted_;
-  bool eventFilter(QObject*, QEvent* e) override {
-    if (e->type() == QEvent::Paint) painted_ << static_cast<QPaintEvent*>(e)->region();
-    return false;
-  }
 
  private slots:
   void initTestCase() { swui::InstallHelpKey(*qApp); }
   void init() { s_ = std::make_unique<uitest::Session>(); }
   void cleanup() { s_.reset(); }
-
-  // The board repaints only the cells a change changed: a picture that moves, not one set as it was.
-  void aMoveRepaintsItsTwoCells() {
-    swui::MapGrid& g = *s_->w.grdMap;
-    g.SetPicture(3, 2, Picture::Player5);
-    g.SetPicture(4, 2, Picture::None);
-    QCoreApplication::processEvents();
-    g.installEventFilter(this);
-    g.SetPicture(3, 2, Picture::None);
-    g.SetPicture(4, 2, Picture::Player6);
-    g.SetPicture(5, 2, g.PictureAt(5, 2));
-    QCoreApplication::processEvents();
-    QCOMPARE(painted_, QList<QRegion>{QRegion(g.CellRect(3, 2)) + QRegion(g.CellRect(4, 2))});
-  }
 
   void msgBoxLayout() {
     // In: text width, text height, wrapped height, title width, button set. Out: buttons, label width

@@ -1,6 +1,5 @@
-// The main window: its sound device (the libraries mapped only while a sound needs them, a new
-// sound cutting off the last), start-up, typed keys running turns and redrawing the map, no turn
-// inside a turn while the start or a pause runs, and closing.
+// The main window: its sound device (a new sound cutting off the last), start-up, typed keys running turns and
+// redrawing the map, no turn inside a turn while the start or a pause runs, and closing.
 #include <QAccessible>
 #include <QKeyEvent>
 #include <atomic>
@@ -71,21 +70,6 @@ class TestFrmMain : public QObject {
   void init() { s_ = std::make_unique<uitest::Session>(); }
   void cleanup() { s_.reset(); }
 
-  // First, while nothing has played: mpg123 is gone once a file is decoded; ALSA comes with an
-  // opened device and goes when it is closed or fails to open.
-  void theLibrariesAreMappedOnlyWhileASoundNeedsThem() {
-    s_.reset();  // the window's own device too
-    QVERIFY(!uitest::Mapped("libmpg123.so") && !uitest::Mapped("libasound.so"));
-    swui::Sound s{std::make_unique<Recorder>()};
-    Play(s, "ammopu3.mp3");
-    QVERIFY(s.Loaded() && !uitest::Mapped("libmpg123.so"));
-    const auto alsa = swui::MakeAlsaOutput("null");  // ALSA's null device takes every sample
-    QVERIFY(!uitest::Mapped("libasound.so") && alsa->Open(44100, 1) && uitest::Mapped("libasound.so"));
-    alsa->Close();
-    QVERIFY(!uitest::Mapped("libasound.so") && !swui::MakeAlsaOutput("no_such_device")->Open(44100, 1));
-    QVERIFY(!uitest::Mapped("libasound.so"));
-  }
-
   // With no device to open (no sound card), a sound is not even decoded.
   void aSoundWithNoDeviceDecodesNothing() {
     struct NoDevice : Recorder {
@@ -97,8 +81,9 @@ class TestFrmMain : public QObject {
     QVERIFY(heard.Load(path) != nullptr && heard.Decodes() == 1);
   }
 
-  // A new sound stops the last at once, and plays to its end.
+  // A new sound stops the last at once, and plays to its end; no sound device is no fault.
   void aNewSoundCutsOffTheLast() {
+    QVERIFY(!swui::MakeAlsaOutput("no_such_device")->Open(44100, 1));
     auto* rec = new Recorder;
     swui::Sound s{std::unique_ptr<swui::SoundOutput>(rec)};
     Play(s, "comp-game over.mp3");  // a long one
@@ -106,16 +91,6 @@ class TestFrmMain : public QObject {
     Play(s, "ammopu3.mp3");
     QTRY_VERIFY(!s.Playing());
     QCOMPARE(rec->events, "open drop close open drain close ");
-  }
-
-  // On a 96 DPI screen at scale 1 the board's pictures (with the grid or without it), the pointer
-  // and the icon were drawn at build time: the window reads no SVG and loads no SVG code.
-  void aBoardAt96DpiReadsNoSvg() {
-    for (int i = 0; i < 2; ++i, s_->w.sw.menu.menGrid_Click()) (void)s_->w.grab();
-    s_->w.SetPointer(sw::Pointer::Custom);
-    QCOMPARE(frmMain::AppIcon().availableSizes().size(), 4);
-    QCOMPARE(s_->w.grdMap->Pictures().SvgReads(), 0);
-    QVERIFY(!uitest::Mapped("libQt6Svg"));
   }
 
   // A first run: the first game on the map; the options on the menus; the window and its cells sized
