@@ -111,7 +111,7 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
   b.sw.opts.Current().bDebug = true;
   b.sw.session.DebugOpen(true, true);
-  for (char key : {'8', 'z'}) b.Key(key);
+  for (char key : {'8', '+', 'z'}) b.Key(key);
   b.g.gnGameNum = 49;
   b.eng.StartGame();  // the 50th game closes and reopens the log for appending
   // The viruses placed: seven, in one list.
@@ -122,12 +122,14 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   b.sw.dbg.DebugExit();
   const std::string log = Slurp(DebugLog::kFileName);
   const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
-  // Whole lines: a bound key and an unbound one (the entry line and the comment, nothing more), a move, a new
+  // Whole lines: a bound key, a link and an unbound key (the entry line and the comment, nothing more), a move, a new
   // layout, crashes in one call (which share one start mark), the fiftieth game, a virus on an infected server.
   for (const std::string& l : std::vector<std::string>{
            "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]", "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
            "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1\r\n"
            "     --> gnPlayerDir=8",
+           "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=2 gbScoreNoLinkSite=0\r\n"
+           "     --> gnPlayerDir=5",
            "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]\r\n{{ frmMain.Form_KeyPress }}\r\n"
            "     --> Invalid key pressed",
            "{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",

@@ -79,7 +79,7 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
   b.Set(At(0, 0), {At(3, 4)});
   review.Key(ReviewKey::Left);
   EXPECT_EQ(b.w.announced.back(), "edge, Whisk at 1, 1");
-  b.g.gbGameOn = 0;  // a game lost: the dead mouse stays until the next game
+  b.g.gbGameOn = false;  // a game lost: the dead mouse stays until the next game
   b.g.gnReconnects = -1;
   review.Key(ReviewKey::Whisk);
   EXPECT_EQ(b.w.announced.back(), "dead mouse at 1, 1");
