@@ -1,5 +1,4 @@
 #include <QApplication>
-#include <QLabel>
 #include <QThread>
 #include <QTimer>
 
@@ -46,13 +45,5 @@ int main(int argc, char* argv[]) {
   swui::StartBenchMoves(frmMain);
   QTimer::singleShot(0, &frmMain, [&inMainLoop] { inMainLoop = true; });
   const int status = app.exec();
-  // A probe for the whole-program tests: the information bar as the player last saw it.
-  if (const char* path = std::getenv("SKITTERWEB_LABELS_AT_EXIT")) {
-    if (std::FILE* f = std::fopen(path, "w")) {
-      for (const QLabel* l : frmMain.pctInfoBar->findChildren<QLabel*>())
-        std::fprintf(f, "%s=%s\n", qPrintable(l->objectName()), qPrintable(l->text()));
-      std::fclose(f);
-    }
-  }
   return status;
 }
