@@ -132,3 +132,10 @@ if [ "${BASH_SOURCE[0]}" = "$0" ]; then
   if [ "${1:-}" = "--wm" ]; then shift; x_server --wm; else x_server; fi
   "$@"
 fi
+
+# The desktop's accessibility bus, as a screen reader would find it, for the program started next.
+x_accessibility() {
+  export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
+  /usr/libexec/at-spi-bus-launcher --launch-immediately &
+  x_on_exit "kill $!"
+}

@@ -7,9 +7,7 @@ game=$1
 here=$(dirname "$0")
 . "$here/../support/xvfb.sh"
 x_server
-export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-/usr/libexec/at-spi-bus-launcher --launch-immediately &
-x_on_exit "kill $!"
+x_accessibility
 work=$(mktemp -d)
 x_on_exit "rm -rf '$work'"
 x_start "$work" "$game"

@@ -8,9 +8,7 @@ seeds=$2
 here=$(dirname "$0")
 . "$here/../support/xvfb.sh"
 x_server
-export QT_LINUX_ACCESSIBILITY_ALWAYS_ON=1
-/usr/libexec/at-spi-bus-launcher --launch-immediately &
-x_on_exit "kill $!"
+x_accessibility
 work=$(mktemp -d)
 x_on_exit "rm -rf '$work'"
 # Sound off and empty lists: a quiet start, with no box in the way.
