@@ -16,7 +16,7 @@ std::string CoordPair::Text() const { return NumText(int64_t{nCol}) + "," + NumT
 namespace {
 
 // The lowest index (1 to nCount) of the list whose cell is ctPos, passing over nSkip; 0 for none.
-int16_t FindCell(const std::vector<CoordPair>& list, int16_t nCount, const CoordPair& ctPos, int16_t nSkip) {
+int16_t FindCell(const std::vector<CoordPair>& list, int16_t nCount, const CoordPair& ctPos, int16_t nSkip = 0) {
   for (int16_t n = 1; n <= nCount; ++n)
     if (n != nSkip && list[static_cast<size_t>(n)] == ctPos) return n;
   return 0;
@@ -89,14 +89,14 @@ int16_t Game::CheckVirus(const CoordPair& ctPos, int16_t nSkipVirus) {
 }
 
 int16_t Game::CheckInfected(const CoordPair& ctPos) {
-  const int16_t n = FindCell(game.gctInfectedPos, game.gnInfectedCount, ctPos, 0);
+  const int16_t n = FindCell(game.gctInfectedPos, game.gnInfectedCount, ctPos);
   if (n != 0 && dbg.On())
     dbg.DebugWrite(Trace("CheckInfected").In("ctPos", ctPos.Text()).Var("gctInfectedPos - index", n));
   return n;
 }
 
 int16_t Game::CheckDownServers(const CoordPair& ctPos) {
-  const int16_t n = FindCell(game.gctDownServerPos, game.gnDownServerCount, ctPos, 0);
+  const int16_t n = FindCell(game.gctDownServerPos, game.gnDownServerCount, ctPos);
   if (n != 0 && dbg.On())
     dbg.DebugWrite(Trace("CheckDownServers").In("ctPos", ctPos.Text()).Var("gctDownServerPos - index", n));
   return n;

@@ -33,8 +33,7 @@ void Game::StartGame() {
     game.gnReconnects = 2;
     frmMain.SetCaption(Label::lblReconnects, NumText(int64_t{game.gnReconnects}));
 
-    frmMain.SetCaption(Label::lblHighScore,
-                       FormatThousands(static_cast<double>(hs.Entry(HighScores::kAllTime, nDiff, 1).lScore)));
+    frmMain.SetCaption(Label::lblHighScore, FormatThousands(hs.Entry(HighScores::kAllTime, nDiff, 1).lScore));
 
     if (game.bSeedFromTimer) rnd.RandomizeTimer();
 

@@ -47,7 +47,6 @@ void MainMenu::RecordGame() {
 }
 
 void MainMenu::ShowHighScore(int16_t nDiff) {
-  if (nDiff < 1 || nDiff > 4) throw RuntimeError(errSubscript);
   frmMain.SetCaption(Label::lblHighScore, FormatThousands(hs.Entry(HighScores::kAllTime, nDiff, 1).lScore));
 }
 
@@ -241,7 +240,7 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
     int16_t bNewGame = -1;
     if (!game.gbGameInit) {
       if (Index == op.nStartSite) {
-        if (Index >= 0 && Index <= 9) frmMain.SetMenuChecked(StartSiteItem(Index), true);
+        frmMain.SetMenuChecked(StartSiteItem(Index), true);
         return;
       }
       if (game.gbGameOn) {

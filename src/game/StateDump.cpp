@@ -93,7 +93,7 @@ void StateDump::DebugWriteAll() {
   put("Base Points (events 1-8)=" + List(score.glBasePoints, 1, 8));
   put("Points(events 1-8)=" + List(score.glPoints, 1, 8));
   put("Pending Score Messages=" + N(score.gnScoreMesgNum));
-  for (int16_t i = 1; i <= score.gnScoreMesgNum && static_cast<size_t>(i) < score.gsmScoreMesg.size(); ++i)
+  for (int16_t i = 1; i <= score.gnScoreMesgNum; ++i)
     put("Message(" + N(i) + ")=" + score.gsmScoreMesg[static_cast<size_t>(i)].szMesg);
 
   put("---Game---");

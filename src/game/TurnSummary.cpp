@@ -34,17 +34,15 @@ std::string LagTierWord(const ProgBarState& bar) {
 }
 
 TurnView TurnView::Of(const GameState& game) {
-  TurnView v;
-  v.whisk = game.gctPlayerPos;
-  v.viruses = LiveViruses(game);
-  v.nInfected = game.gnInfectedCount;
-  v.nReconnects = game.gnReconnects;
-  v.nSitesHit = game.gnSitesHit;
-  v.nGameNum = game.gnGameNum;
-  v.bGameOn = static_cast<bool>(game.gbGameOn);
-  v.bEndSite = static_cast<bool>(game.gbEndSite);
-  v.lag = LagTierWord(game.pbrNetLag);
-  return v;
+  return {game.gctPlayerPos,
+          LiveViruses(game),
+          game.gnInfectedCount,
+          game.gnReconnects,
+          game.gnSitesHit,
+          game.gnGameNum,
+          static_cast<bool>(game.gbGameOn),
+          static_cast<bool>(game.gbEndSite),
+          LagTierWord(game.pbrNetLag)};
 }
 
 std::string Summarize(const TurnView& before, const TurnView& after) {

@@ -20,13 +20,13 @@ std::string LagTierWord(const ProgBarState& bar);
 struct TurnView {
   CoordPair whisk;
   std::vector<CoordPair> viruses;  // the live ones, in list order
-  int16_t nInfected = 0;
-  int16_t nReconnects = 0;
-  int16_t nSitesHit = 0;
-  int16_t nGameNum = 0;
-  bool bGameOn = false;
-  bool bEndSite = false;  // the site is over, or not started: no command has run on it yet
-  std::string lag;        // LagTierWord
+  int16_t nInfected;
+  int16_t nReconnects;
+  int16_t nSitesHit;
+  int16_t nGameNum;
+  bool bGameOn;
+  bool bEndSite;    // the site is over, or not started: no command has run on it yet
+  std::string lag;  // LagTierWord
   bool operator==(const TurnView&) const = default;
 
   static TurnView Of(const GameState& game);

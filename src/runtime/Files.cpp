@@ -21,7 +21,7 @@ void WriteAll(int fd, const std::string& bytes) {
   size_t done = 0;
   while (done < bytes.size()) {
     const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
-    if (n < 0) {
+    if (n == -1) {
       if (errno == EINTR) continue;
       throw RuntimeError::FromErrno(errno);
     }
@@ -34,7 +34,7 @@ void WriteAll(int fd, const std::string& bytes) {
 std::string ReadWholeFile(const std::string& name) {
   if (name.empty()) throw RuntimeError(errBadFileName);
   const int fd = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
-  if (fd < 0) throw RuntimeError::FromErrno(errno);
+  if (fd == -1) throw RuntimeError::FromErrno(errno);
   struct stat st {};
   if (::fstat(fd, &st) == 0 && S_ISDIR(st.st_mode)) {
     ::close(fd);
@@ -44,7 +44,7 @@ std::string ReadWholeFile(const std::string& name) {
   char buf[65536];
   for (;;) {
     const ssize_t n = ::read(fd, buf, sizeof buf);
-    if (n < 0) {
+    if (n == -1) {
       if (errno == EINTR) continue;
       const int err = errno;
       ::close(fd);
@@ -89,7 +89,7 @@ void SyncDirectoryOf(const std::string& path) {
   const size_t slash = path.rfind('/');
   const std::string dir = slash == std::string::npos ? "." : (slash == 0 ? "/" : path.substr(0, slash));
   const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
+  if (fd == -1) return;
   ::fsync(fd);
   ::close(fd);
 }
@@ -110,7 +110,7 @@ void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t n
   // A temporary of its own beside the file: two games in one directory never share one.
   std::string tmp = path + ".XXXXXX";
   const int fd = ::mkostemp(tmp.data(), O_CLOEXEC);
-  if (fd < 0) throw RuntimeError::FromErrno(errno);
+  if (fd == -1) throw RuntimeError::FromErrno(errno);
   try {
     if (::fchmod(fd, mode) != 0) throw RuntimeError::FromErrno(errno);
     WriteAll(fd, bytes);
@@ -136,7 +136,7 @@ void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t n
 void WriteFile(const std::string& name, const std::string& bytes) {
   if (name.empty()) throw RuntimeError(errBadFileName);
   const int fd = ::open(name.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  if (fd < 0) throw RuntimeError::FromErrno(errno);
+  if (fd == -1) throw RuntimeError::FromErrno(errno);
   try {
     WriteAll(fd, bytes);
   } catch (...) {

@@ -34,8 +34,8 @@ inline Picture PlayerPicture(Direction nDir) {
 
 // The message box's button sets, and the answers its buttons give (the classic codes,
 // as the trace lines and the state dump print them). None: no button was pressed yet.
-enum class MsgButtons : int16_t { OkOnly = 0, OkCancel = 1, YesNo = 4 };
-enum class MsgAnswer : int16_t { None = 0, Ok = 1, Cancel = 2, Yes = 6, No = 7 };
+enum class MsgButtons : int16_t { OkOnly, OkCancel, YesNo = 4 };
+enum class MsgAnswer : int16_t { None, Ok, Cancel, Yes = 6, No };
 
 // The labels of the information bar that the model writes.
 enum class Label { lblScore, lblHighScore, lblReconnects, lblSitesHit, lblVirus, lblNetLag, lblDiff, lblPUTimer };

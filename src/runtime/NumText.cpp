@@ -70,12 +70,8 @@ double Val(std::string_view text) {
     std::string ex = "E";
     size_t j = i + 1;
     if (j < s.size() && (s[j] == '+' || s[j] == '-')) ex.push_back(s[j++]);
-    bool exDigits = false;
-    while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) {
-      ex.push_back(s[j++]);
-      exDigits = true;
-    }
-    if (exDigits) num += ex;
+    while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) ex.push_back(s[j++]);
+    num += ex;  // an exponent without digits reads as none
   }
   return std::strtod(num.c_str(), nullptr);
 }
@@ -135,20 +131,15 @@ std::string Str(double v) {
   return t;
 }
 
-std::string FormatThousands(double v) {
-  // Format rounds halves away from zero.
-  const double r = std::round(v);
-  const bool neg = r < 0;
-  char buf[64];
-  std::snprintf(buf, sizeof buf, "%.0f", std::fabs(r));
-  std::string digits = buf;
+std::string FormatThousands(int64_t v) {
+  const std::string digits = std::to_string(v < 0 ? -v : v);
   std::string out;
   const int n = static_cast<int>(digits.size());
   for (int i = 0; i < n; ++i) {
     if (i > 0 && (n - i) % 3 == 0) out.push_back(',');
     out.push_back(digits[static_cast<size_t>(i)]);
   }
-  if (neg && out != "0") out.insert(out.begin(), '-');
+  if (v < 0) out.insert(out.begin(), '-');
   return out;
 }
 

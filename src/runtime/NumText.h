@@ -24,6 +24,6 @@ std::string NumText(int64_t v);
 std::string BoolText(bool b);
 
 // The "#,##0" format: rounded to a whole number, thousands separated by commas.
-std::string FormatThousands(double v);
+std::string FormatThousands(int64_t v);
 
 }  // namespace sw

@@ -75,8 +75,8 @@ struct Setting {
   int16_t OptionProfile::*number = nullptr;    // Integer
   Flag OptionProfile::*flag = nullptr;         // Flag
   const char* textDefault = nullptr;           // Text: nullptr leaves a fresh record's value as it is
-  int16_t numberDefault = 0;
-  bool flagDefault = false;
+  int16_t numberDefault{};
+  bool flagDefault{};
   // The options file gives every record the current player's value (the profile name).
   bool savedFromCurrentPlayer = false;
   // A loaded value outside lo..hi is named in one message, by fixName, and replaced by the

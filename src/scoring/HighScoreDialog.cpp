@@ -58,7 +58,7 @@ void HighScoreDialog::Redraw() {
   for (int16_t i = 1; i <= 10; ++i) {
     const WebmasterEntry& e = hs.Entry(nType, nDiff, i);
     rows[static_cast<size_t>(i)] =
-        Row{NumText(int64_t{i}), e.szName, NumText(int64_t{e.nSites}), FormatThousands(static_cast<double>(e.lScore))};
+        Row{NumText(int64_t{i}), e.szName, NumText(int64_t{e.nSites}), FormatThousands(e.lScore)};
   }
 }
 
@@ -83,7 +83,6 @@ std::string HighScoreDialog::NamePrompt() const {
 
 void HighScoreDialog::optType_Click(int16_t Index) {
   if (dbg.On()) dbg.DebugWrite(Trace("frmHighScore.optType_Click").In("Index", Index));
-  if (Index < 0 || Index > 1) return;
   nType = Index;
   Form_Load();
 }

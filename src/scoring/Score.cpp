@@ -25,12 +25,6 @@ void Score::InitTables() {
   glBasePoints = {0, 3, 20, 1, 2, 25, 45, 5, 1};
   gnScoreMesgNum = 0;
   gsmScoreMesg.assign(1, ScoreMesg{});
-  try {
-    for (size_t i = 1; i <= 8; ++i)
-      glPoints[i] = Mul32(glScoreMod[static_cast<size_t>(opts.CheckedDiff())], glBasePoints[i]);
-  } catch (const RuntimeError&) {
-    // No such difficulty yet: the points follow when one is chosen.
-  }
 }
 
 void Score::InitScore() {

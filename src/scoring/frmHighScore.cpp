@@ -54,7 +54,7 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
     types->addButton(optType[i], i);
     typeRow->addWidget(optType[i]);
   }
-  typeRow->addStretch(1);
+  typeRow->addStretch();
   auto* diffRow = new QHBoxLayout;
   const char* const diffText[5] = {"", "&Easy", "&Normal", "&Hard", "Night&mare"};
   auto* diffs = new QButtonGroup(this);
@@ -65,7 +65,7 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
     diffs->addButton(optDiff[i], i);
     diffRow->addWidget(optDiff[i]);
   }
-  diffRow->addStretch(1);
+  diffRow->addStretch();
   choose->addLayout(typeRow, 0, 1);
   choose->addLayout(diffRow, 1, 1);
   lblScoreBoard->setBuddy(optType[0]);

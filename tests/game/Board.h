@@ -90,7 +90,7 @@ struct Board : App {
     }
     if (w.Count(Picture::Virus) != g.gnVirusLive) return "viruses drawn";
     if (Caption(Label::lblVirus) != std::to_string(g.gnVirusLive) ||
-        Caption(Label::lblScore) != FormatThousands(static_cast<double>(sc.glScore)) ||
+        Caption(Label::lblScore) != FormatThousands(sc.glScore) ||
         Caption(Label::lblSitesHit) != std::to_string(g.gnSitesHit) ||
         Caption(Label::lblReconnects) != std::to_string(g.gnReconnects))
       return "labels";

@@ -36,7 +36,8 @@ TEST(Random, ClassicSequenceSeedsAndRandomize) {
 }
 
 TEST(Checked, SixteenBitOverflowAndCIntRounding) {
-  EXPECT_EQ(std::vector<int>({Mul16(5, 1500), Add16(32766, 1), CLng(40000.5)}), std::vector<int>({7500, 32767, 40000}));
+  EXPECT_EQ(std::vector<int>({Mul16(5, 1500), Add16(32766, 1), Sub16(-32767, 1), CLng(40000.5)}),
+            std::vector<int>({7500, 32767, -32768, 40000}));
   for (auto f : {+[] { Mul16(25, 1500); }, +[] { Add16(32767, 1); }, +[] { Sub16(-32768, 1); },
                  +[] { Add32(2147483647, 1); }, +[] { CLng(2147483647.5); }})
     EXPECT_EQ(ErrorOf(f), 6);
@@ -49,18 +50,19 @@ TEST(Checked, SixteenBitOverflowAndCIntRounding) {
 
 TEST(NumText, ValStrAndThousands) {
   const std::pair<const char*, double> vals[] = {
-      {" 1", 1},     {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},   {"", 0},        {"3.75e2x", 375}, {".5", 0.5},
-      {"&HFF", 255}, {"&hff", 255},     {"&HFFFF", -1}, {"&O17", 15}, {"&o777", 511}, {"&O8", 0},       {"1e", 1}};
+      {" 1", 1},   {"  -12abc", -12}, {"1 2 3", 123}, {"abc", 0},     {"", 0},      {"3.75e2x", 375},
+      {".5", 0.5}, {"&HFF", 255},     {"&hff", 255},  {"&HFFFF", -1}, {"&O17", 15}, {"&o777", 511},
+      {"&O8", 0},  {"1e", 1},         {"&H19", 25},   {"&H10", 16},   {"1e+", 1}};
   for (auto [t, v] : vals) EXPECT_EQ(Val(t), v) << t;
-  const std::pair<const char*, bool> numeric[] = {{" 1", true},   {"-1", true},   {"2.5E3", true},
-                                                  {"1e-5", true}, {"&hfF", true}, {"&HFF", true},
-                                                  {"abc", false}, {"7x", false},  {"", false}};
+  const std::pair<const char*, bool> numeric[] = {{" 1", true},   {"-1", true},   {"2.5E3", true}, {"1e-5", true},
+                                                  {"&hfF", true}, {"&HFF", true}, {"abc", false},  {"7x", false},
+                                                  {"", false},    {"-", false},   {".", false}};
   for (auto [t, n] : numeric) EXPECT_EQ(IsNumeric(t), n) << t;
   // Str gives a non-negative number a leading blank; concatenation gives none.
   EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5) + Str(INFINITY) + Str(-INFINITY), " 1 0-1 .5 Infinity-Infinity");
   EXPECT_EQ(NumText(-7.0) + "|" + NumText(0.25) + "|" + NumText(0.7055475f), "-7|0.25|0.7055475");
   EXPECT_EQ(Value(int16_t{-1}).Text() + Value(true).Text() + Value(false).Text() + Value().Text(), "-1TrueFalse");
-  const std::pair<double, const char*> thousands[] = {
+  const std::pair<int64_t, const char*> thousands[] = {
       {0, "0"},          {999, "999"},           {1000, "1,000"},
       {-1234, "-1,234"}, {1234567, "1,234,567"}, {2147483647, "2,147,483,647"}};
   for (auto [v, t] : thousands) EXPECT_EQ(FormatThousands(v), t);
@@ -113,6 +115,7 @@ TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
   EXPECT_EQ(Titles(a.w), "Error: LoadOptions|Error: LoadHighScoresError|");
   EXPECT_EQ(DirNames(), files);  // loading alone writes nothing
   Save(a);
+  Save(a);  // saved again: the copy kept aside is still the damaged file
   EXPECT_EQ(ModeOf("sw.opt.bad"), 0600u);
   Load(b);  // the new files are good ones: a later save copies nothing and keeps the first copy as it is
   Save(b);
