@@ -16,10 +16,10 @@ namespace sw {
 
 namespace {
 
-// The directions by row change, then column change, each -1, 0 or 1.
-constexpr Direction kPad[3][3] = {{Direction::UpLeft, Direction::Up, Direction::UpRight},
-                                  {Direction::Left, Direction::Pause, Direction::Right},
-                                  {Direction::DownLeft, Direction::Down, Direction::DownRight}};
+// The directions as the number pad lays them out, by row change, then column change, each -1, 0 or 1.
+constexpr Direction kPad[] = {Direction::UpLeft,   Direction::Up,    Direction::UpRight,
+                              Direction::Left,     Direction::Pause, Direction::Right,
+                              Direction::DownLeft, Direction::Down,  Direction::DownRight};
 
 int Sign(int32_t v) { return (v > 0) - (v < 0); }
 
@@ -41,7 +41,7 @@ Direction DirectionToward(const CoordPair& from, const CoordPair& to) {
   // Within the horizontal slice the row stays as it is, within the vertical one the column.
   const int row = sum2 < 2 * ax * ax ? 0 : Sign(dy);
   const int col = sum2 < 2 * ay * ay ? 0 : Sign(dx);
-  return kPad[row + 1][col + 1];
+  return kPad[(row + 1) * 3 + col + 1];
 }
 
 Command StepCommand(Direction nDir) {

@@ -47,10 +47,8 @@ int Steps(const CoordPair& a, const CoordPair& b) {
 }
 
 std::vector<CoordPair> LiveViruses(const GameState& game) {
-  if (game.gctVirusPos.empty()) return {};
-  const size_t live =
-      std::min(static_cast<size_t>(std::max<int16_t>(game.gnVirusLive, 0)), game.gctVirusPos.size() - 1);
-  return {game.gctVirusPos.begin() + 1, game.gctVirusPos.begin() + 1 + static_cast<long>(live)};
+  if (game.gnVirusLive == 0) return {};
+  return {game.gctVirusPos.begin() + 1, game.gctVirusPos.begin() + 1 + game.gnVirusLive};
 }
 
 std::vector<CoordPair> ByDistance(std::vector<CoordPair> v, const CoordPair& from) {
