@@ -15,8 +15,7 @@
 set -euo pipefail
 build=$1 bindir=$2 programdir=$3 datadir=$4 src=$5 version=$6 id=$7 configured=$8 mandir=$9 date=${10}
 . "$(dirname "$0")/../support/xvfb.sh"
-work=$(mktemp -d)
-x_on_exit "rm -rf '$work'"
+x_work
 prefix=$work/first
 cmake --install "$build" --prefix "$prefix" --component skitterweb >"$work/install.log" 2>&1 ||
   { cat "$work/install.log" >&2; x_fail "cmake --install $build --prefix $prefix failed"; }

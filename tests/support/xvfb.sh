@@ -8,6 +8,7 @@
 # Everything started here is ended, last first, when the calling shell exits; x_on_exit adds
 # the caller's own clean-up to that list.
 #
+#   x_work                      sets work to a fresh folder, removed at the end
 #   x_server [--wm]             starts Xvfb (and openbox), exports DISPLAY and sets x_server_pid
 #   x_start DIR COMMAND...      runs COMMAND in DIR (output to $x_log, default DIR/game.log), sets
 #                               game_pid, and returns once the main window, or a notice before it, is on
@@ -19,10 +20,10 @@
 #   x_press KEY...              presses keys, as a player would, after a short pause
 #   x_answer KEY...             gives the box on screen the focus, then presses keys in it
 #   x_ended PID [TENTHS]        waits for PID to end; true when it has
-#   x_screenshot FILE           the whole screen as a PNG
 #   x_fail MESSAGE              prints MESSAGE and the game's output, and exits 1
 
 _x_exit_steps=()
+x_work() { work=$(mktemp -d) && x_on_exit "rm -rf '$work'"; }
 x_on_exit() { _x_exit_steps+=("$*"); }
 _x_run_exit_steps() {
   local i
@@ -124,8 +125,6 @@ x_ended() {
   done
   return 1
 }
-
-x_screenshot() { import -window root "$1"; }
 
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then
   set -euo pipefail

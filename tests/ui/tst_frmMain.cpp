@@ -4,6 +4,7 @@
 #include <QKeyEvent>
 #include <atomic>
 #include <thread>
+#include <tuple>
 
 #include "ui/Accessible.h"
 #include "ui/GameStyle.h"
@@ -70,17 +71,6 @@ class TestFrmMain : public QObject {
   void init() { s_ = std::make_unique<uitest::Session>(); }
   void cleanup() { s_.reset(); }
 
-  // With no device to open (no sound card), a sound is not even decoded.
-  void aSoundWithNoDeviceDecodesNothing() {
-    struct NoDevice : Recorder {
-      bool MayOpen() const override { return false; }
-    };
-    const std::string path = swui::Sound::Resolve(".\\sounds\\ammopu3.mp3");
-    swui::SoundPlayer quiet{std::make_unique<NoDevice>()}, heard{std::make_unique<Recorder>()};
-    QVERIFY(quiet.Load(path) == nullptr && quiet.Decodes() == 0);
-    QVERIFY(heard.Load(path) != nullptr && heard.Decodes() == 1);
-  }
-
   // A new sound stops the last at once, and plays to its end; no sound device is no fault.
   void aNewSoundCutsOffTheLast() {
     QVERIFY(!swui::MakeAlsaOutput("no_such_device")->Open(44100, 1));
@@ -115,33 +105,26 @@ class TestFrmMain : public QObject {
     frmMain& w = s_->w;
     (new QPushButton("x", w.pctInfoBar))->show();
     QApplication::setActiveWindow(&w);
-    struct Case {
-      const char* name;
-      int key;
-      Qt::KeyboardModifier mod;
-      int16_t pause;
-      QPoint to;
-      bool turn;
-    };
-    const Case cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
-                          {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
-                          {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
-                          {"pad 9", Qt::Key_PageUp, Qt::KeypadModifier, '5', {6, 4}, true},
-                          {"pad 5", Qt::Key_Clear, Qt::KeypadModifier, '5', {5, 5}, true},
-                          {"arrow", Qt::Key_Up, Qt::NoModifier, '5', {5, 5}, false},
-                          {"Caps Lock W in Keyboard Left", 'W', Qt::NoModifier, 'd', {4, 4}, true}};
-    for (const Case& c : cases) {
+    using Key = std::tuple<const char*, int, Qt::KeyboardModifier, int16_t, QPoint, bool>;
+    const Key cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
+                         {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
+                         {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
+                         {"pad 9", Qt::Key_PageUp, Qt::KeypadModifier, '5', {6, 4}, true},
+                         {"pad 5", Qt::Key_Clear, Qt::KeypadModifier, '5', {5, 5}, true},
+                         {"arrow", Qt::Key_Up, Qt::NoModifier, '5', {5, 5}, false},
+                         {"Caps Lock W in Keyboard Left", 'W', Qt::NoModifier, 'd', {4, 4}, true}};
+    for (const auto& [name, key, mod, pause, to, turn] : cases) {
       sw::OptionProfile& op = w.sw.opts.Current();
-      if (c.key == 'W') op.nProfile = 2;
-      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = c.pause;
+      if (key == 'W') op.nProfile = 2;
+      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = pause;
       uitest::PlaceBoard(w, {{20, 10}});
-      if (c.key == 'W')
+      if (key == 'W')
         QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
       else
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(c.key), c.mod);
+        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), mod);
       const sw::CoordPair at = w.sw.game.gctPlayerPos;
       const bool turned = !(w.sw.game.gctVirusPos[1] == sw::CoordPair{20, 10});
-      QVERIFY2(QPoint(at.nCol, at.nRow) == c.to && turned == c.turn && MapMismatch(w).isEmpty(), c.name);
+      QVERIFY2(QPoint(at.nCol, at.nRow) == to && turned == turn && MapMismatch(w).isEmpty(), name);
       QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(w.grdMap));  // it passes keys to the window
     }
   }

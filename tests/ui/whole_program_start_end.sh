@@ -9,8 +9,7 @@ set -euo pipefail
 game=$1 seeds=$2 starts=${3:-10}
 . "$(dirname "$0")/../support/xvfb.sh"
 x_server
-work=$(mktemp -d)
-x_on_exit "rm -rf '$work'"
+x_work
 typed=0 signals=(TERM INT HUP)
 
 up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the game's start at its notice
