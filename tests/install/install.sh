@@ -52,7 +52,6 @@ report=$(appstreamcli validate --no-net --strict --pedantic "$metainfo" 2>&1) ||
 if echo "$report" | grep -E '^[EWI]: ' | grep -vE 'unknown-tag developer$|developer-name-tag-deprecated' | grep -q .; then
   x_fail "appstreamcli reports issues in $metainfo: $report"
 fi
-appstreamcli validate --no-net "$metainfo" >/dev/null || x_fail "appstreamcli validate --no-net fails"
 xml() { tr -d '\n' <"$metainfo" | grep -oE "$1" | head -n1; }
 [ "$(xml '<id>[^<]*</id>')" = "<id>$id</id>" ] || x_fail "the metainfo's id is not $id"
 [ "$(xml '<launchable type="desktop-id">[^<]*<')" = "<launchable type=\"desktop-id\">$id.desktop<" ] ||
@@ -122,4 +121,3 @@ run blocked XDG_DATA_HOME="$work/install.log"  # a file: no game folder can be m
 [ ! -e "$work/blocked.out" ] || x_fail "blocked: the program was started anyway"
 grep -q 'cannot make the game folder' "$work/blocked.out.err" || x_fail "blocked: said $(cat "$work/blocked.out.err")"
 echo "installed: files, metadata, icons, manual page, the launcher's every case"
-echo "1 passed, 0 failed"

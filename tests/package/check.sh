@@ -12,11 +12,8 @@ deb=$(readlink -f "$1") manifest=$2
 here=$(cd "$(dirname "$0")" && pwd)
 . "$here/../support/xvfb.sh"
 
-sudo=""
-if [ "$(id -u)" != 0 ]; then
-  command -v sudo >/dev/null || x_fail "installing the package needs root (or sudo): cannot check it here"
-  sudo=sudo
-fi
+sudo=$([ "$(id -u)" = 0 ] || echo sudo)
+[ -z "$sudo" ] || command -v sudo >/dev/null || x_fail "installing the package needs root (or sudo): cannot check it here"
 apt() { $sudo env DEBIAN_FRONTEND=noninteractive apt-get -o DPkg::Lock::Timeout=600 -y -q "$@"; }
 state() { local s; s=$(dpkg-query -W -f='${db:Status-Status}' skitterweb 2>/dev/null) || true; echo "${s:-not-installed}"; }
 [ "$(state)" = not-installed ] ||
@@ -88,4 +85,3 @@ done <"$work/files"
 [ -s "$game/sw.opt" ] || x_fail "purging the package touched the player's own files"
 
 echo "package: installed with apt, files as listed, game started under Xvfb in $game, ended by SIGTERM, purged with nothing left"
-echo "package: 1 passed, 0 failed"

@@ -14,12 +14,13 @@
 #                               game_pid, and returns once the main window, or a notice before it, is on
 #                               screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
-#   x_wait_window [TRIES]       waits until the main window is on screen, and gives it the focus
+#   x_wait_window [TENTHS]      waits until the main window is on screen, and gives it the focus
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_box NAME [TRIES]     waits until the one box on screen is NAME, and gives it the focus
 #   x_press KEY...              presses keys, as a player would, after a short pause
 #   x_answer KEY...             gives the box on screen the focus, then presses keys in it
 #   x_ended PID [TENTHS]        waits for PID to end; true when it has
+#   x_until TRIES CONDITION     evaluates CONDITION every tenth of a second until it holds; true if it did
 #   x_fail MESSAGE              prints MESSAGE and the game's output, and exits 1
 
 _x_exit_steps=()
@@ -83,25 +84,11 @@ x_start() {
   x_fail "the main window did not come up"
 }
 
-x_wait_window() {
-  local id
-  for _ in $(seq "${1:-100}"); do
-    id=$(x_window)
-    [ -n "$id" ] && { xdotool windowfocus --sync "$id" 2>/dev/null || true; return 0; }
-    sleep 0.05
-  done
-  return 1
-}
+x_wait_window() { x_until "${1:-50}" '[ -n "$(x_window)" ]' && { xdotool windowfocus --sync "$(x_window)" 2>/dev/null || true; }; }
 
 x_boxes() { xdotool search --onlyvisible --name '.' getwindowname %@ 2>/dev/null | grep -vx 'Skitterweb' || true; }
 
-x_wait_box() {
-  for _ in $(seq "${2:-50}"); do
-    [ "$(x_boxes)" = "$1" ] && { _x_focus_box; return 0; }
-    sleep 0.1
-  done
-  return 1
-}
+x_wait_box() { local box=$1; x_until "${2:-50}" '[ "$(x_boxes)" = "$box" ]' && _x_focus_box; }
 
 # With no window manager, a box just shown may not have the input focus yet: give it the focus,
 # as a player's click would.
@@ -118,11 +105,11 @@ x_answer() { _x_focus_box; x_press "$@"; }
 
 x_press() { sleep 0.15; xdotool key --clearmodifiers "$@"; }
 
-x_ended() {
-  for _ in $(seq "${2:-50}"); do
-    kill -0 "$1" 2>/dev/null || return 0
-    sleep 0.1
-  done
+x_ended() { x_until "${2:-50}" "! kill -0 $1 2>/dev/null"; }
+
+# Evaluates CONDITION every tenth of a second, up to TRIES times, until it holds; false if it never does.
+x_until() {
+  for _ in $(seq "$1"); do eval "$2" && return 0; sleep 0.1; done
   return 1
 }
 

@@ -197,18 +197,14 @@ class TestDialogs : public QObject {
       QAccessibleInterface* t = QAccessible::queryAccessibleInterface(d.grdList);
       QAccessibleTableInterface* table = t->tableInterface();
       auto name = [](QAccessibleInterface* i) { return i != nullptr ? i->text(QAccessible::Name) : QString("none"); };
-      auto read = [&](int r, int c) {
+      auto read = [&](int r, int c) {  // name, row and column, heading, index among the table's children
         QAccessibleInterface* cell = table->cellAt(r, c);
         const QAccessibleTableCellInterface* at = cell != nullptr ? cell->tableCellInterface() : nullptr;
-        if (at == nullptr) return name(cell);
         const int i = t->indexOfChild(cell);
-        return QStringLiteral("%1 %2,%3 %4 %5%6")
-            .arg(name(cell))
-            .arg(at->rowIndex())
-            .arg(at->columnIndex())
-            .arg(name(at->columnHeaderCells().value(0)))
-            .arg(i)
-            .arg(t->child(i) == cell ? "" : " elsewhere");
+        return at == nullptr ? name(cell)
+                             : QString::asprintf("%s %d,%d %s %d%s", qPrintable(name(cell)), at->rowIndex(),
+                                                 at->columnIndex(), qPrintable(name(at->columnHeaderCells().value(0))),
+                                                 i, t->child(i) == cell ? "" : " elsewhere");
       };
       QCOMPARE(QList<int>({table->rowCount(), table->columnCount(), t->childCount()}), QList<int>({10, 4, 44}));
       QCOMPARE(name(table->caption()) + "/" + name(t), QString("All Time, Normal/All Time, Normal"));

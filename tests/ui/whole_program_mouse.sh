@@ -15,11 +15,11 @@ sleep 1.5
 # Clicks a point of the window; prints the log's new lines once they hold the text $3, then
 # answers the box a death brings.
 click() {
-  local n
+  local n want=$3
   n=$(wc -l <"$work/SWDebug.log")
   xdotool mousemove --window "$(x_window)" "$1" "$2" click 1
-  for _ in $(seq 100); do tail -n "+$((n + 1))" "$work/SWDebug.log" | grep -F -- "$3" >/dev/null && break; sleep 0.1; done
-  tail -n "+$((n + 1))" "$work/SWDebug.log" | grep -F -- "$3" >/dev/null || x_fail "the debug log never showed '$3' after a click"
+  x_until 100 'tail -n "+$((n + 1))" "$work/SWDebug.log" | grep -F -- "$want" >/dev/null' ||
+    x_fail "the debug log never showed '$3' after a click"
   tail -n "+$((n + 1))" "$work/SWDebug.log"
   sleep 0.5
   [ -z "$(x_boxes)" ] || x_answer Return

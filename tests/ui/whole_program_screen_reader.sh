@@ -14,4 +14,4 @@ if [ -n "${2:-}" ]; then  # a quiet start, with no box in the way
   cp "$2/webmaster/empty.dat" "$work/SWhscore.dat"
 fi
 x_start "$work" "$1"
-/usr/bin/python3 "$here/$script" || x_fail "$script: what the accessibility bus shows"
+/usr/bin/python3 -B "$here/$script" || x_fail "$script: what the accessibility bus shows"
