@@ -71,17 +71,11 @@ wait "$game_pid" || status=$?
 # that hold files of others may stay, and none with the game's name
 apt purge skitterweb >"$work/purge.log" 2>&1 || { cat "$work/purge.log" >&2; x_fail "apt-get purge skitterweb failed"; }
 [ "$(state)" = not-installed ] || x_fail "skitterweb is $(state) after apt-get purge"
-left=()
-while IFS= read -r path; do
-  [ "$path" = /. ] && continue
-  [ -e "$path" ] || [ -L "$path" ] || continue
-  if [ -d "$path" ] && [ ! -L "$path" ] && [[ "$path" != *skitterweb* ]] &&
-    { dpkg-query -S "$path" >/dev/null 2>&1 || [ -n "$(ls -A "$path")" ]; }; then
-    continue
-  fi
-  left+=("$path")
-done <"$work/files"
-[ "${#left[@]}" = 0 ] || x_fail "left after apt-get purge: ${left[*]}"
+left=$(while IFS= read -r path; do
+  if { [ -e "$path" ] || [ -L "$path" ]; } && { [ ! -d "$path" ] || [ -L "$path" ] || [[ "$path" == *skitterweb* ]] ||
+    ! { dpkg-query -S "$path" >/dev/null 2>&1 || [ -n "$(ls -A "$path")" ]; }; }; then echo "$path"; fi
+done < <(grep -vx '/\.' "$work/files"))
+[ -z "$left" ] || x_fail "left after apt-get purge: $(echo $left)"
 [ -s "$game/sw.opt" ] || x_fail "purging the package touched the player's own files"
 
 echo "package: installed with apt, files as listed, game started under Xvfb in $game, ended by SIGTERM, purged with nothing left"

@@ -72,16 +72,10 @@ x_start() {
   (cd "$1" && shift && exec "$@" >>"$x_game_log" 2>&1) &
   game_pid=$!
   x_on_exit "kill -9 $game_pid"
-  local id
-  for _ in $(seq 200); do
-    id=$(x_window)
-    # With no window manager, keys go where the input focus is set: on the game, as a player's would.
-    [ -n "$id" ] && { xdotool windowfocus "$id" 2>/dev/null || true; return 0; }
-    [ -n "$(x_boxes)" ] && { _x_focus_box; return 0; }
-    kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
-    sleep 0.05
-  done
-  x_fail "the main window did not come up"
+  x_until 100 '[ -n "$(x_window)$(x_boxes)" ] || ! kill -0 $game_pid 2>/dev/null' || x_fail "the main window did not come up"
+  kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
+  # With no window manager, keys go where the input focus is set: on the game, as a player's would.
+  if [ -n "$(x_window)" ]; then xdotool windowfocus "$(x_window)" 2>/dev/null || true; else _x_focus_box; fi
 }
 
 x_wait_window() { x_until "${1:-50}" '[ -n "$(x_window)" ]' && { xdotool windowfocus --sync "$(x_window)" 2>/dev/null || true; }; }
