@@ -23,14 +23,12 @@ cmake --install "$build" --prefix "$prefix" --component skitterweb >"$work/insta
 # ---- the files
 diff -r "$src/assets/sounds" "$prefix/$datadir/sounds" || x_fail "the installed sounds differ from assets/sounds"
 diff -r "$src/assets/help" "$prefix/share/doc/skitterweb/help" || x_fail "the installed help differs from assets/help"
-desktop=$prefix/share/applications/$id.desktop
-metainfo=$prefix/share/metainfo/$id.metainfo.xml
+desktop=$prefix/share/applications/$id.desktop metainfo=$prefix/share/metainfo/$id.metainfo.xml
 icons=$prefix/share/icons/hicolor
 cmp -s "$src/assets/pictures/icon.svg" "$icons/scalable/apps/$id.svg" || x_fail "the scalable icon is not icon.svg"
 for n in 16 24 32 48 64 128 256; do
   # Right size, something drawn (alpha up to 1), and a transparent ground around it (alpha down to 0).
-  png=$icons/${n}x${n}/apps/$id.png
-  info=$(convert "$png" -alpha extract -format '%w %h %[fx:minima] %[fx:maxima]' info: 2>&1) || true
+  info=$(convert "$icons/${n}x${n}/apps/$id.png" -alpha extract -format '%w %h %[fx:minima] %[fx:maxima]' info: 2>&1) || true
   [ "$info" = "$n $n 0 1" ] || x_fail "the ${n}x${n} icon: width, height, alpha from and to: $info"
 done
 
@@ -66,17 +64,14 @@ man=$prefix/$mandir/man6/skitterweb.6
 th=$(grep -m1 '^\.TH ' "$man") || x_fail "no manual page $mandir/man6/skitterweb.6 with a title line"
 [ "$th" = ".TH SKITTERWEB 6 \"$date\" \"Skitterweb $version\" \"Games\"" ] || x_fail "the manual's title line is $th"
 if grep -q '@' "$man"; then x_fail "the manual page holds an unfilled @VARIABLE@: $(grep '@' "$man")"; fi
-for section in NAME SYNOPSIS DESCRIPTION KEYS FILES ENVIRONMENT; do
-  grep -qx "\.SH $section" "$man" || x_fail "the manual page has no $section section"
-done
-for word in sw.opt SWhscore.dat SWDebug.log XDG_DATA_HOME '~/.local/share}/skitterweb' 'Number Pad (Default)'; do
+for word in .SH\ {NAME,SYNOPSIS,DESCRIPTION,KEYS,FILES,ENVIRONMENT} sw.opt SWhscore.dat SWDebug.log XDG_DATA_HOME \
+  '~/.local/share}/skitterweb' 'Number Pad (Default)'; do
   grep -qF -- "$word" "$man" || x_fail "the manual page does not name $word"
 done
 
 # ---- the tree moved; the launcher, with a stand-in for the program
 mv "$work/first" "$work/moved"
-prefix=$work/moved
-sounds=$prefix/$datadir/sounds
+prefix=$work/moved sounds=$work/moved/$datadir/sounds
 mkdir -p "$work/elsewhere" "$work/home"
 cat >"$prefix/$programdir/skitterweb" <<'STANDIN'
 #!/bin/sh

@@ -37,9 +37,8 @@ depends=$(dpkg-query -W -f='${Depends}' skitterweb)
 [[ "$depends" =~ libqt6widgets6\ \(\>=\ 6 ]] || x_fail "no Depends on libqt6widgets6 computed by shlibdeps: $depends"
 
 # ---- the installed game, started as the menu entry starts it, with a fresh HOME
-home=$work/home
+home=$work/home game=$work/home/.local/share/skitterweb
 mkdir "$home" "$work/run"
-game=$home/.local/share/skitterweb
 x_server
 x_start "$work/run" env -u XDG_DATA_HOME HOME="$home" /usr/games/skitterweb
 for notice in LoadOptions LoadHighScoresError; do  # a first run: no options, no lists yet

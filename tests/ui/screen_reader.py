@@ -63,11 +63,8 @@ def said(since):  # what the game's notification spoke after event number `since
             and e.source.getRole() == pyatspi.ROLE_NOTIFICATION]
 
 
-def board_focused():
-    return board.getState().contains(pyatspi.STATE_FOCUSED)
-
-
 board = find(pyatspi.ROLE_TABLE, "Map")
+board_focused = lambda: board.getState().contains(pyatspi.STATE_FOCUSED)  # noqa: E731
 t = board.queryTable()
 assert ((t.nRows, t.nColumns, board.childCount, board.getChildAtIndex(335).getRole()) ==
       (14, 24, 336, pyatspi.ROLE_TABLE_CELL)), "the board is no table of 14 x 24 cells"

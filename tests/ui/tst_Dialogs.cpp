@@ -19,16 +19,6 @@ using swui::frmMsgBox;
 using uitest::InNextDialog;
 using Ints = QList<int>;
 
-namespace {
-
-swui::frmHelp* OpenHelp() {
-  for (QWidget* w : QApplication::allWidgets())
-    if (auto* h = qobject_cast<swui::frmHelp*>(w); h != nullptr && h->isVisible()) return h;
-  return nullptr;
-}
-
-}  // namespace
-
 class TestDialogs : public QObject {
   Q_OBJECT
 
@@ -76,10 +66,8 @@ class TestDialogs : public QObject {
       frmMsgBox box(&s_->w, 24 * 499);
       box.Setup("Go on?", nButtons, "Question");
       InNextDialog<frmMsgBox>([key](frmMsgBox& d) {
-        if (key == 0)
-          d.close();
-        else
-          QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
+        key == 0 ? (void)d.close()
+                 : QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
       });
       QVERIFY2(box.ShowModal() == answer,
                qPrintable(QStringLiteral("set %1, key %2").arg(static_cast<int>(nButtons)).arg(key)));
@@ -111,9 +99,14 @@ class TestDialogs : public QObject {
   // Help > Help opens the help on its first page; F1 in a dialog opens it over the dialog, where
   // the dialog's modality leaves it usable.
   void theHelp() {
+    auto OpenHelp = [] {
+      for (QWidget* w : QApplication::allWidgets())
+        if (auto* h = qobject_cast<swui::frmHelp*>(w); h != nullptr && h->isVisible()) return h;
+      return static_cast<swui::frmHelp*>(nullptr);
+    };
     s_->w.menHelpFile->trigger();  // the menu sends F1
     QTRY_VERIFY(OpenHelp() != nullptr && OpenHelp()->browser->toPlainText().contains("How to play Skitterweb"));
-    InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {  // the help still open over the window
+    InNextDialog<swui::frmCommandList>([OpenHelp](swui::frmCommandList& d) {  // the help still open over the window
       QTest::keyClick(&d, Qt::Key_F1);
       QVERIFY(OpenHelp() != nullptr && OpenHelp()->parentWidget() == &d && OpenHelp()->isVisible());
       d.reject();

@@ -44,10 +44,7 @@ QString MapMismatch(const frmMain& w) {
 struct Recorder : swui::SoundOutput {
   QString events;
   std::atomic<size_t> frames = 0;
-  bool Open(long, int) override {
-    events += "open ";
-    return true;
-  }
+  bool Open(long, int) override { return events += "open ", true; }
   long Write(const int16_t*, size_t n) override {
     std::this_thread::sleep_for(std::chrono::milliseconds(4));
     frames += n;
@@ -141,10 +138,8 @@ class TestFrmMain : public QObject {
       if (key == 'W') op.nProfile = 2;
       op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = pause;
       uitest::PlaceBoard(w, {{20, 10}});
-      if (key == 'W')
-        QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
-      else
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), mod);
+      key == 'W' ? QTest::keyClick(QApplication::focusWidget(), 'W')  // a capital without Shift
+                 : QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), mod);
       const sw::CoordPair at = w.sw.game.gctPlayerPos;
       const bool turned = !(w.sw.game.gctVirusPos[1] == sw::CoordPair{20, 10});
       QVERIFY2(QPoint(at.nCol, at.nRow) == to && turned == turn && MapMismatch(w).isEmpty(), name);
