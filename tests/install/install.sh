@@ -15,8 +15,7 @@
 set -euo pipefail
 build=$1 bindir=$2 programdir=$3 datadir=$4 src=$5 version=$6 id=$7 configured=$8 mandir=$9 date=${10}
 . "$(dirname "$0")/../support/xvfb.sh"
-work=$(mktemp -d)
-x_on_exit "rm -rf '$work'"
+x_work
 prefix=$work/first
 cmake --install "$build" --prefix "$prefix" --component skitterweb >"$work/install.log" 2>&1 ||
   { cat "$work/install.log" >&2; x_fail "cmake --install $build --prefix $prefix failed"; }
@@ -24,14 +23,12 @@ cmake --install "$build" --prefix "$prefix" --component skitterweb >"$work/insta
 # ---- the files
 diff -r "$src/assets/sounds" "$prefix/$datadir/sounds" || x_fail "the installed sounds differ from assets/sounds"
 diff -r "$src/assets/help" "$prefix/share/doc/skitterweb/help" || x_fail "the installed help differs from assets/help"
-desktop=$prefix/share/applications/$id.desktop
-metainfo=$prefix/share/metainfo/$id.metainfo.xml
+desktop=$prefix/share/applications/$id.desktop metainfo=$prefix/share/metainfo/$id.metainfo.xml
 icons=$prefix/share/icons/hicolor
 cmp -s "$src/assets/pictures/icon.svg" "$icons/scalable/apps/$id.svg" || x_fail "the scalable icon is not icon.svg"
 for n in 16 24 32 48 64 128 256; do
   # Right size, something drawn (alpha up to 1), and a transparent ground around it (alpha down to 0).
-  png=$icons/${n}x${n}/apps/$id.png
-  info=$(convert "$png" -alpha extract -format '%w %h %[fx:minima] %[fx:maxima]' info: 2>&1) || true
+  info=$(convert "$icons/${n}x${n}/apps/$id.png" -alpha extract -format '%w %h %[fx:minima] %[fx:maxima]' info: 2>&1) || true
   [ "$info" = "$n $n 0 1" ] || x_fail "the ${n}x${n} icon: width, height, alpha from and to: $info"
 done
 
@@ -53,7 +50,6 @@ report=$(appstreamcli validate --no-net --strict --pedantic "$metainfo" 2>&1) ||
 if echo "$report" | grep -E '^[EWI]: ' | grep -vE 'unknown-tag developer$|developer-name-tag-deprecated' | grep -q .; then
   x_fail "appstreamcli reports issues in $metainfo: $report"
 fi
-appstreamcli validate --no-net "$metainfo" >/dev/null || x_fail "appstreamcli validate --no-net fails"
 xml() { tr -d '\n' <"$metainfo" | grep -oE "$1" | head -n1; }
 [ "$(xml '<id>[^<]*</id>')" = "<id>$id</id>" ] || x_fail "the metainfo's id is not $id"
 [ "$(xml '<launchable type="desktop-id">[^<]*<')" = "<launchable type=\"desktop-id\">$id.desktop<" ] ||
@@ -68,17 +64,14 @@ man=$prefix/$mandir/man6/skitterweb.6
 th=$(grep -m1 '^\.TH ' "$man") || x_fail "no manual page $mandir/man6/skitterweb.6 with a title line"
 [ "$th" = ".TH SKITTERWEB 6 \"$date\" \"Skitterweb $version\" \"Games\"" ] || x_fail "the manual's title line is $th"
 if grep -q '@' "$man"; then x_fail "the manual page holds an unfilled @VARIABLE@: $(grep '@' "$man")"; fi
-for section in NAME SYNOPSIS DESCRIPTION KEYS FILES ENVIRONMENT; do
-  grep -qx "\.SH $section" "$man" || x_fail "the manual page has no $section section"
-done
-for word in sw.opt SWhscore.dat SWDebug.log XDG_DATA_HOME '~/.local/share}/skitterweb' 'Number Pad (Default)'; do
+for word in .SH\ {NAME,SYNOPSIS,DESCRIPTION,KEYS,FILES,ENVIRONMENT} sw.opt SWhscore.dat SWDebug.log XDG_DATA_HOME \
+  '~/.local/share}/skitterweb' 'Number Pad (Default)'; do
   grep -qF -- "$word" "$man" || x_fail "the manual page does not name $word"
 done
 
 # ---- the tree moved; the launcher, with a stand-in for the program
 mv "$work/first" "$work/moved"
-prefix=$work/moved
-sounds=$prefix/$datadir/sounds
+prefix=$work/moved sounds=$work/moved/$datadir/sounds
 mkdir -p "$work/elsewhere" "$work/home"
 cat >"$prefix/$programdir/skitterweb" <<'STANDIN'
 #!/bin/sh
@@ -123,4 +116,3 @@ run blocked XDG_DATA_HOME="$work/install.log"  # a file: no game folder can be m
 [ ! -e "$work/blocked.out" ] || x_fail "blocked: the program was started anyway"
 grep -q 'cannot make the game folder' "$work/blocked.out.err" || x_fail "blocked: said $(cat "$work/blocked.out.err")"
 echo "installed: files, metadata, icons, manual page, the launcher's every case"
-echo "1 passed, 0 failed"

@@ -8,21 +8,23 @@
 # Everything started here is ended, last first, when the calling shell exits; x_on_exit adds
 # the caller's own clean-up to that list.
 #
+#   x_work                      sets work to a fresh folder, removed at the end
 #   x_server [--wm]             starts Xvfb (and openbox), exports DISPLAY and sets x_server_pid
 #   x_start DIR COMMAND...      runs COMMAND in DIR (output to $x_log, default DIR/game.log), sets
 #                               game_pid, and returns once the main window, or a notice before it, is on
 #                               screen, with the input focus
 #   x_window [NAME]             the id of the visible window named NAME (default: the main window)
-#   x_wait_window [TRIES]       waits until the main window is on screen, and gives it the focus
+#   x_wait_window [TENTHS]      waits until the main window is on screen, and gives it the focus
 #   x_boxes                     names of the visible windows other than the main window
 #   x_wait_box NAME [TRIES]     waits until the one box on screen is NAME, and gives it the focus
 #   x_press KEY...              presses keys, as a player would, after a short pause
 #   x_answer KEY...             gives the box on screen the focus, then presses keys in it
 #   x_ended PID [TENTHS]        waits for PID to end; true when it has
-#   x_screenshot FILE           the whole screen as a PNG
+#   x_until TRIES CONDITION     evaluates CONDITION every tenth of a second until it holds; true if it did
 #   x_fail MESSAGE              prints MESSAGE and the game's output, and exits 1
 
 _x_exit_steps=()
+x_work() { work=$(mktemp -d) && x_on_exit "rm -rf '$work'"; }
 x_on_exit() { _x_exit_steps+=("$*"); }
 _x_run_exit_steps() {
   local i
@@ -70,37 +72,17 @@ x_start() {
   (cd "$1" && shift && exec "$@" >>"$x_game_log" 2>&1) &
   game_pid=$!
   x_on_exit "kill -9 $game_pid"
-  local id
-  for _ in $(seq 200); do
-    id=$(x_window)
-    # With no window manager, keys go where the input focus is set: on the game, as a player's would.
-    [ -n "$id" ] && { xdotool windowfocus "$id" 2>/dev/null || true; return 0; }
-    [ -n "$(x_boxes)" ] && { _x_focus_box; return 0; }
-    kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
-    sleep 0.05
-  done
-  x_fail "the main window did not come up"
+  x_until 100 '[ -n "$(x_window)$(x_boxes)" ] || ! kill -0 $game_pid 2>/dev/null' || x_fail "the main window did not come up"
+  kill -0 "$game_pid" 2>/dev/null || x_fail "the game ended before its window came up"
+  # With no window manager, keys go where the input focus is set: on the game, as a player's would.
+  if [ -n "$(x_window)" ]; then xdotool windowfocus "$(x_window)" 2>/dev/null || true; else _x_focus_box; fi
 }
 
-x_wait_window() {
-  local id
-  for _ in $(seq "${1:-100}"); do
-    id=$(x_window)
-    [ -n "$id" ] && { xdotool windowfocus --sync "$id" 2>/dev/null || true; return 0; }
-    sleep 0.05
-  done
-  return 1
-}
+x_wait_window() { x_until "${1:-50}" '[ -n "$(x_window)" ]' && { xdotool windowfocus --sync "$(x_window)" 2>/dev/null || true; }; }
 
 x_boxes() { xdotool search --onlyvisible --name '.' getwindowname %@ 2>/dev/null | grep -vx 'Skitterweb' || true; }
 
-x_wait_box() {
-  for _ in $(seq "${2:-50}"); do
-    [ "$(x_boxes)" = "$1" ] && { _x_focus_box; return 0; }
-    sleep 0.1
-  done
-  return 1
-}
+x_wait_box() { local box=$1; x_until "${2:-50}" '[ "$(x_boxes)" = "$box" ]' && _x_focus_box; }
 
 # With no window manager, a box just shown may not have the input focus yet: give it the focus,
 # as a player's click would.
@@ -117,15 +99,13 @@ x_answer() { _x_focus_box; x_press "$@"; }
 
 x_press() { sleep 0.15; xdotool key --clearmodifiers "$@"; }
 
-x_ended() {
-  for _ in $(seq "${2:-50}"); do
-    kill -0 "$1" 2>/dev/null || return 0
-    sleep 0.1
-  done
+x_ended() { x_until "${2:-50}" "! kill -0 $1 2>/dev/null"; }
+
+# Evaluates CONDITION every tenth of a second, up to TRIES times, until it holds; false if it never does.
+x_until() {
+  for _ in $(seq "$1"); do eval "$2" && return 0; sleep 0.1; done
   return 1
 }
-
-x_screenshot() { import -window root "$1"; }
 
 if [ "${BASH_SOURCE[0]}" = "$0" ]; then
   set -euo pipefail

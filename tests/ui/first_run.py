@@ -4,30 +4,13 @@
 # placeholder or an empty board; once the notices are answered the window shows the first game drawn
 # and the counters primed.
 import subprocess
-import time
 
 import pyatspi
-from gi.repository import GLib
-
-
-def pump(seconds, until):
-    end = time.time() + seconds
-    while time.time() < end and not until():
-        while GLib.MainContext.default().iteration(False):
-            pass
-        time.sleep(0.05)
-    return until()
-
-
-def walk(obj):
-    yield obj
-    for child in obj if obj.getRole() != pyatspi.ROLE_TABLE else []:
-        yield from walk(child)
+from at_spi import app, pump, table_names, walk
 
 
 def on_screen():  # the program's objects that are showing
-    app = next((a for a in pyatspi.Registry.getDesktop(0) if a is not None and a.name == "Skitterweb"), None)
-    return [] if app is None else [o for o in walk(app) if o.getState().contains(pyatspi.STATE_SHOWING)]
+    return [o for o in walk(app()) if o.getState().contains(pyatspi.STATE_SHOWING)] if app() else []
 
 
 def xdotool(*args):
@@ -36,8 +19,7 @@ def xdotool(*args):
 
 def board_cells():  # the names of the board's cells, when the board is showing
     board = next((o for o in on_screen() if o.getRole() == pyatspi.ROLE_TABLE and o.name == "Map"), None)
-    t = board.queryTable() if board else None
-    return t and [t.getAccessibleAt(r, c).name for r in range(t.nRows) for c in range(t.nColumns)]
+    return board and list(table_names(board).values())
 
 
 PLACEHOLDERS = ("999,999,999", "Reconnects: 9999", "Sites Hit: 9999", "Viruses: 9999")

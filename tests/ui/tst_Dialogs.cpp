@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QLineEdit>
+#include <QRadioButton>
 #include <QTextBrowser>
 #include <QWindow>
 #include <tuple>
@@ -17,16 +18,6 @@
 using swui::frmMsgBox;
 using uitest::InNextDialog;
 using Ints = QList<int>;
-
-namespace {
-
-swui::frmHelp* OpenHelp() {
-  for (QWidget* w : QApplication::allWidgets())
-    if (auto* h = qobject_cast<swui::frmHelp*>(w); h != nullptr && h->isVisible()) return h;
-  return nullptr;
-}
-
-}  // namespace
 
 class TestDialogs : public QObject {
   Q_OBJECT
@@ -75,10 +66,8 @@ class TestDialogs : public QObject {
       frmMsgBox box(&s_->w, 24 * 499);
       box.Setup("Go on?", nButtons, "Question");
       InNextDialog<frmMsgBox>([key](frmMsgBox& d) {
-        if (key == 0)
-          d.close();
-        else
-          QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
+        key == 0 ? (void)d.close()
+                 : QTest::keyClick(d.focusWidget() != nullptr ? d.focusWidget() : &d, static_cast<Qt::Key>(key));
       });
       QVERIFY2(box.ShowModal() == answer,
                qPrintable(QStringLiteral("set %1, key %2").arg(static_cast<int>(nButtons)).arg(key)));
@@ -110,9 +99,14 @@ class TestDialogs : public QObject {
   // Help > Help opens the help on its first page; F1 in a dialog opens it over the dialog, where
   // the dialog's modality leaves it usable.
   void theHelp() {
+    auto OpenHelp = [] {
+      for (QWidget* w : QApplication::allWidgets())
+        if (auto* h = qobject_cast<swui::frmHelp*>(w); h != nullptr && h->isVisible()) return h;
+      return static_cast<swui::frmHelp*>(nullptr);
+    };
     s_->w.menHelpFile->trigger();  // the menu sends F1
     QTRY_VERIFY(OpenHelp() != nullptr && OpenHelp()->browser->toPlainText().contains("How to play Skitterweb"));
-    InNextDialog<swui::frmCommandList>([](swui::frmCommandList& d) {  // the help still open over the window
+    InNextDialog<swui::frmCommandList>([OpenHelp](swui::frmCommandList& d) {  // the help still open over the window
       QTest::keyClick(&d, Qt::Key_F1);
       QVERIFY(OpenHelp() != nullptr && OpenHelp()->parentWidget() == &d && OpenHelp()->isVisible());
       d.reject();
@@ -175,7 +169,8 @@ class TestDialogs : public QObject {
     s_->w.sw.score.glScore = 1200;
     s_->w.sw.game.gnSitesHit = 1;
     InNextDialog<swui::frmHighScore>([](swui::frmHighScore& d) {
-      QCOMPARE(d.focusWidget(), d.txtName[1]);
+      QCOMPARE(d.focusWidget(), d.txtName[1]);  // and a screen reader says which list, place and score
+      QCOMPARE(d.accessibleDescription(), QString("All Time, Normal: place 1, score 1,200. Type your name."));
       QTest::keyClicks(d.txtName[1], "Whisk Fan");
       QTest::keyClick(d.txtName[1], Qt::Key_Return);
       QVERIFY(d.isVisible() && d.focusWidget() == d.cmdDone);
@@ -183,6 +178,54 @@ class TestDialogs : public QObject {
     });
     s_->w.sw.webmasters.CheckHighScore();
     QCOMPARE(s_->w.sw.hs.Entry(sw::HighScores::kAllTime, 2, 1).szName, std::string("Whisk Fan"));
+  }
+
+  // A screen reader reads the rows as a table of ten rows under the four headings, captioned with the
+  // list shown; each cell tells its row, column and heading, and a name's cell holds that row's box.
+  void webmasterListsReadAsATable() {
+    for (int s = 1; s <= 10; ++s)
+      s_->w.sw.hs.Entry(sw::HighScores::kAllTime, 3, s) = {1000 * (11 - s), int16_t(20 + s),
+                                                           "Web " + std::to_string(s)};
+    InNextDialog<swui::frmHighScore>([](swui::frmHighScore& d) {
+      QAccessibleInterface* t = QAccessible::queryAccessibleInterface(d.grdList);
+      QAccessibleTableInterface* table = t->tableInterface();
+      auto name = [](QAccessibleInterface* i) { return i != nullptr ? i->text(QAccessible::Name) : QString("none"); };
+      auto read = [&](int r, int c) {  // name, row and column, heading, index among the table's children
+        QAccessibleInterface* cell = table->cellAt(r, c);
+        const QAccessibleTableCellInterface* at = cell != nullptr ? cell->tableCellInterface() : nullptr;
+        const int i = t->indexOfChild(cell);
+        return at == nullptr ? name(cell)
+                             : QString::asprintf("%s %d,%d %s %d%s", qPrintable(name(cell)), at->rowIndex(),
+                                                 at->columnIndex(), qPrintable(name(at->columnHeaderCells().value(0))),
+                                                 i, t->child(i) == cell ? "" : " elsewhere");
+      };
+      QCOMPARE(QList<int>({table->rowCount(), table->columnCount(), t->childCount()}), QList<int>({10, 4, 44}));
+      QCOMPARE(name(table->caption()) + "/" + name(t), QString("All Time, Normal/All Time, Normal"));
+      QTest::mouseClick(d.optDiff[3], Qt::LeftButton);
+      QCOMPARE(name(table->caption()) + "/" + name(t), QString("All Time, Hard/All Time, Hard"));
+      QStringList heads;
+      for (int c = 0; c < 5; ++c) heads << table->columnDescription(c) + "/" + name(t->child(c));
+      QCOMPARE(heads, QStringList({"Place/Place", "Webmaster Name/Webmaster Name", "Sites Hit/Sites Hit", "Score/Score",
+                                   "1/1"}));  // the fifth child is the first place
+      QVERIFY(t->child(3)->role() == QAccessible::ColumnHeader && t->child(3)->tableCellInterface() == nullptr);
+      QCOMPARE(QStringList({read(0, 0), read(2, 1), read(9, 2), read(4, 3), read(9, 3)}),
+               QStringList({"1 0,0 Place 4", "Web 3 2,1 Webmaster Name 13", "30 9,2 Sites Hit 42", "6,000 4,3 Score 23",
+                            "1,000 9,3 Score 43"}));
+      QCOMPARE(name(table->cellAt(10, 0)) + name(table->cellAt(0, 4)) + name(table->cellAt(-1, 3)), "nonenonenone");
+      for (int r : {0, 6, 9}) {  // as the focus finds a name's box, and the box its row
+        QAccessibleInterface* box = QAccessible::queryAccessibleInterface(d.txtName[r + 1]);
+        QVERIFY(table->cellAt(r, 1)->child(0)->object() == d.txtName[r + 1] && box->parent() == table->cellAt(r, 1));
+        QCOMPARE(name(box) + QString::number(box->parent()->tableCellInterface()->rowIndex()),
+                 QStringLiteral("Place %1 name%2").arg(r + 1).arg(r));
+      }
+      QStringList radios;  // the choices of list, each with the row of choices it stands in
+      for (QRadioButton* o : d.findChildren<QRadioButton*>())
+        radios << name(QAccessible::queryAccessibleInterface(o)) + ": " + o->accessibleDescription();
+      QCOMPARE(radios, QStringList({"Personal: Score Board", "All Time: Score Board", "Easy: Difficulty",
+                                    "Normal: Difficulty", "Hard: Difficulty", "Nightmare: Difficulty"}));
+      d.accept();
+    });
+    s_->w.menHighScores->trigger();
   }
 };
 

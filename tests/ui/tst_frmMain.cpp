@@ -1,12 +1,17 @@
 // The main window: its sound device (a new sound cutting off the last), start-up, typed keys running turns and
-// redrawing the map, no turn inside a turn while the start or a pause runs, and closing.
+// redrawing the map, no turn inside a turn while a pause runs, and closing; the board played with
+// the mouse and by touch: clicks that move Whisk, the board's menu, taps, a touch held still, and the step shown
+// while the pointer stands still.
 #include <QAccessible>
-#include <QKeyEvent>
+#include <QMenu>
+#include <QStyleHints>
 #include <atomic>
 #include <thread>
+#include <tuple>
 
 #include "ui/Accessible.h"
 #include "ui/GameStyle.h"
+#include "ui/PictureRender.h"
 #include "ui/Sound.h"
 #include "ui/UiTestSupport.h"
 
@@ -39,10 +44,7 @@ QString MapMismatch(const frmMain& w) {
 struct Recorder : swui::SoundOutput {
   QString events;
   std::atomic<size_t> frames = 0;
-  bool Open(long, int) override {
-    events += "open ";
-    return true;
-  }
+  bool Open(long, int) override { return events += "open ", true; }
   long Write(const int16_t*, size_t n) override {
     std::this_thread::sleep_for(std::chrono::milliseconds(4));
     frames += n;
@@ -58,6 +60,26 @@ void Play(swui::Sound& s, const std::string& name) {
   for (const char* c : {"Stop", "Close", "Open", "Play"}) s.Command(c);
 }
 
+QPoint Centre(const frmMain& w, int col, int row) { return w.grdMap->CellRect(col, row).center(); }
+QPoint Whisk(const frmMain& w) { return {w.sw.game.gctPlayerPos.nCol, w.sw.game.gctPlayerPos.nRow}; }
+
+// Once the board's menu is open: checks its items as a screen reader names them, and clicks item `index`.
+void PickFromMenu(int index) {
+  auto* poll = new QTimer;
+  QObject::connect(poll, &QTimer::timeout, [poll, index] {
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return;
+    poll->stop();
+    poll->deleteLater();
+    QAccessibleInterface* named = QAccessible::queryAccessibleInterface(menu);
+    QCOMPARE(named->child(0)->text(QAccessible::Name) + named->child(1)->text(QAccessible::Name) +
+                 named->child(2)->text(QAccessible::Name),
+             QString("Pause\t5Wait\t0Link\t+"));
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(menu->actions().at(index)).center());
+  });
+  poll->start(1);
+}
+
 }  // namespace
 
 class TestFrmMain : public QObject {
@@ -70,20 +92,8 @@ class TestFrmMain : public QObject {
   void init() { s_ = std::make_unique<uitest::Session>(); }
   void cleanup() { s_.reset(); }
 
-  // With no device to open (no sound card), a sound is not even decoded.
-  void aSoundWithNoDeviceDecodesNothing() {
-    struct NoDevice : Recorder {
-      bool MayOpen() const override { return false; }
-    };
-    const std::string path = swui::Sound::Resolve(".\\sounds\\ammopu3.mp3");
-    swui::SoundPlayer quiet{std::make_unique<NoDevice>()}, heard{std::make_unique<Recorder>()};
-    QVERIFY(quiet.Load(path) == nullptr && quiet.Decodes() == 0);
-    QVERIFY(heard.Load(path) != nullptr && heard.Decodes() == 1);
-  }
-
-  // A new sound stops the last at once, and plays to its end; no sound device is no fault.
+  // A new sound stops the last at once, and plays to its end.
   void aNewSoundCutsOffTheLast() {
-    QVERIFY(!swui::MakeAlsaOutput("no_such_device")->Open(44100, 1));
     auto* rec = new Recorder;
     swui::Sound s{std::unique_ptr<swui::SoundOutput>(rec)};
     Play(s, "comp-game over.mp3");  // a long one
@@ -115,33 +125,24 @@ class TestFrmMain : public QObject {
     frmMain& w = s_->w;
     (new QPushButton("x", w.pctInfoBar))->show();
     QApplication::setActiveWindow(&w);
-    struct Case {
-      const char* name;
-      int key;
-      Qt::KeyboardModifier mod;
-      int16_t pause;
-      QPoint to;
-      bool turn;
-    };
-    const Case cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
-                          {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
-                          {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
-                          {"pad 9", Qt::Key_PageUp, Qt::KeypadModifier, '5', {6, 4}, true},
-                          {"pad 5", Qt::Key_Clear, Qt::KeypadModifier, '5', {5, 5}, true},
-                          {"arrow", Qt::Key_Up, Qt::NoModifier, '5', {5, 5}, false},
-                          {"Caps Lock W in Keyboard Left", 'W', Qt::NoModifier, 'd', {4, 4}, true}};
-    for (const Case& c : cases) {
+    using Key = std::tuple<const char*, int, Qt::KeyboardModifier, int16_t, QPoint, bool>;
+    const Key cases[] = {{"Tab", Qt::Key_Tab, Qt::NoModifier, 9, {5, 5}, true},
+                         {"Enter", Qt::Key_Return, Qt::NoModifier, 13, {5, 5}, true},
+                         {"Space", Qt::Key_Space, Qt::NoModifier, 32, {5, 5}, true},
+                         {"pad 9", Qt::Key_PageUp, Qt::KeypadModifier, '5', {6, 4}, true},
+                         {"pad 5", Qt::Key_Clear, Qt::KeypadModifier, '5', {5, 5}, true},
+                         {"arrow", Qt::Key_Up, Qt::NoModifier, '5', {5, 5}, false},
+                         {"Caps Lock W in Keyboard Left", 'W', Qt::NoModifier, 'd', {4, 4}, true}};
+    for (const auto& [name, key, mod, pause, to, turn] : cases) {
       sw::OptionProfile& op = w.sw.opts.Current();
-      if (c.key == 'W') op.nProfile = 2;
-      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = c.pause;
+      if (key == 'W') op.nProfile = 2;
+      op.cpProfile[static_cast<size_t>(op.nProfile)].CPPause = pause;
       uitest::PlaceBoard(w, {{20, 10}});
-      if (c.key == 'W')
-        QTest::keyClick(QApplication::focusWidget(), 'W');  // a capital without Shift
-      else
-        QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(c.key), c.mod);
+      key == 'W' ? QTest::keyClick(QApplication::focusWidget(), 'W')  // a capital without Shift
+                 : QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), mod);
       const sw::CoordPair at = w.sw.game.gctPlayerPos;
       const bool turned = !(w.sw.game.gctVirusPos[1] == sw::CoordPair{20, 10});
-      QVERIFY2(QPoint(at.nCol, at.nRow) == c.to && turned == c.turn && MapMismatch(w).isEmpty(), c.name);
+      QVERIFY2(QPoint(at.nCol, at.nRow) == to && turned == turn && MapMismatch(w).isEmpty(), name);
       QCOMPARE(QApplication::focusWidget(), static_cast<QWidget*>(w.grdMap));  // it passes keys to the window
     }
   }
@@ -172,33 +173,88 @@ class TestFrmMain : public QObject {
     QVERIFY(!w.Quitting() && !s_->boxes.titles.contains("Quit Skitterweb"));
   }
 
-  // The start is one pause until its last step has run: a key that comes before its first frame is
-  // up, and keys during the start sound's pause after it, run no turn; then the pause is over.
-  void keysDuringTheStartRunNoTurn() {
-    s_.reset();
-    uitest::FreshDir dir;
-    uitest::ScriptedBoxes boxes;
-    frmMain w;
-    w.sw.optsFile.SaveOptions();  // the files the start reads: no notice
-    w.sw.hs.WriteHighScores();
-    int keysInPause = 0;
-    QTimer typist;  // a key every millisecond, until the start's pause has come and gone
-    connect(&typist, &QTimer::timeout, [&] {
-      if (w.CurrentPointer() == sw::Pointer::Hourglass)
-        ++keysInPause;
-      else if (keysInPause > 0 || w.sw.game.gnMoveCount > 0)
-        return typist.stop();
-      QTest::keyClick(&w, '8');
+  // A click takes the step toward the cell, each of the eight ways, or Pause on Whisk's own cell;
+  // pressed on the board and released off it, nothing. While a box is up the board takes no click;
+  // a double click is two steps.
+  void clicks() {
+    frmMain& w = s_->w;
+    const std::pair<QPoint, QPoint> cases[] = {{{2, 2}, {4, 4}}, {{5, 0}, {5, 4}},  {{9, 1}, {6, 4}},
+                                               {{0, 6}, {4, 5}}, {{5, 5}, {5, 5}},  {{9, 4}, {6, 5}},
+                                               {{1, 9}, {4, 6}}, {{4, 13}, {5, 6}}, {{7, 7}, {6, 6}}};
+    for (const auto& [cell, to] : cases) {
+      uitest::PlaceBoard(w, {{20, 12}});
+      QTest::mouseClick(w.grdMap, Qt::LeftButton, {}, Centre(w, cell.x(), cell.y()));
+      QVERIFY(Whisk(w) == to && w.sw.game.gnMoveCount == (cell == to ? 0 : 1));
+    }
+    uitest::PlaceBoard(w, {{20, 12}});
+    QTest::mousePress(w.grdMap, Qt::LeftButton, {}, Centre(w, 9, 4));
+    QTest::mouseRelease(w.grdMap, Qt::LeftButton, {}, QPoint(-4, -4));
+    swui::frmMsgBox::testAnswer = nullptr;  // a real box, clicked through the window system
+    const QPoint right = w.grdMap->mapTo(&w, Centre(w, 9, 4));
+    QTimer::singleShot(0, [&w, right] {
+      QTest::mouseClick(w.windowHandle(), Qt::LeftButton, {}, right);
+      QApplication::activeModalWidget()->close();
     });
-    typist.start(1);
-    w.Start();
-    QCoreApplication::postEvent(&w, new QKeyEvent(QEvent::KeyPress, Qt::Key_8, Qt::NoModifier, "8"));
-    QTRY_VERIFY(!typist.isActive() && !w.sw.game.gbSleepOn);
+    w.MsgBox("In the way", sw::MsgButtons::OkOnly, "A box");
     QCOMPARE(w.sw.game.gnMoveCount, int16_t{0});
-    QVERIFY(keysInPause > 0 && boxes.titles.isEmpty());
+    QTest::mouseClick(w.windowHandle(), Qt::LeftButton, {}, right);
+    QCOMPARE(Whisk(w), QPoint(6, 5));
+    QTest::mouseDClick(w.windowHandle(), Qt::LeftButton, {}, right);  // two quick clicks, two steps
+    QCOMPARE(Whisk(w), QPoint(8, 4));                                 // right, then up-right from there
   }
 
-  // Closing asks first: No keeps the window up, Yes quits with the options saved.
+  // The secondary button opens the board's menu; its Wait plays as its key (a touch held, below, picks Link).
+  void theMenuRunsWait() {
+    frmMain& w = s_->w;
+    uitest::PlaceBoard(w, {{8, 8}});
+    PickFromMenu(1);
+    QTest::mouseClick(w.grdMap, Qt::RightButton, {}, Centre(w, 9, 4));
+    QVERIFY(w.sw.game.gnReconnects == 1 && w.sw.game.gnMoveCount == 0);  // waited until the virus came
+  }
+
+  // A tap is a click, and a finger moving over the board shows the step toward it; a touch held
+  // still opens the board's menu and takes no step when it is lifted.
+  void tapsAndTouchAndHold() {
+    frmMain& w = s_->w;
+    uitest::PlaceBoard(w, {{20, 12}});
+    QPointingDevice* finger = QTest::createTouchDevice();
+    QGuiApplication::styleHints()->setMousePressAndHoldInterval(60000);  // no hold while tapping
+    QTest::touchEvent(w.grdMap, finger).press(0, Centre(w, 9, 4), w.grdMap);
+    QTest::touchEvent(w.grdMap, finger).move(0, Centre(w, 5, 9), w.grdMap);
+    QCOMPARE(w.grdMap->Outline(), QPoint(5, 6));
+    QTest::touchEvent(w.grdMap, finger).release(0, Centre(w, 5, 9), w.grdMap);
+    QVERIFY(Whisk(w) == QPoint(5, 6) && w.grdMap->Outline() == QPoint(-1, -1));
+    QGuiApplication::styleHints()->setMousePressAndHoldInterval(1);
+    PickFromMenu(2);
+    QTest::touchEvent(w.grdMap, finger).press(0, Centre(w, 9, 4), w.grdMap);
+    QTRY_VERIFY(!w.sw.game.gbScoreNoLinkSite);
+    QTest::touchEvent(w.grdMap, finger).release(0, Centre(w, 9, 4), w.grdMap);
+    QCOMPARE(w.sw.game.gnMoveCount, int16_t{2});  // the step and the link; none on lifting the finger
+  }
+
+  // The pointer over the board and the outline of the landing cell show the step a click takes,
+  // and follow a key's turn while the pointer stands still; off the board, the window's own pointer.
+  void thePointerFollowsAKeyMove() {
+    frmMain& w = s_->w;
+    uitest::PlaceBoard(w, {{20, 12}});
+    auto shows = [&w](const char* name, QPoint outline) {
+      const QImage picture = swui::PictureImage(name, qRound(32 * w.devicePixelRatioF()));
+      return w.grdMap->cursor().pixmap().toImage() == picture && w.grdMap->Outline() == outline;
+    };
+    QTest::mouseMove(w.grdMap, Centre(w, 9, 5));
+    QVERIFY(shows("pointer6", {6, 5}));
+    QTest::keyClick(w.grdMap, '3');
+    QVERIFY(shows("pointer6", {7, 6}));
+    QTest::keyClick(w.grdMap, '3');
+    QVERIFY(shows("pointer9", {8, 6}));
+    QTest::mouseMove(w.grdMap, Centre(w, 7, 7));
+    QVERIFY(shows("pointer5", {7, 7}));
+    QTest::mouseMove(w.grdMap, QPoint(-2, -2));
+    QVERIFY(!w.grdMap->testAttribute(Qt::WA_SetCursor) && w.grdMap->Outline() == QPoint(-1, -1));
+  }
+
+  // Closing asks first: No keeps the window up, Yes quits with the options saved. (Kept last: after
+  // the window has quit, a real message box opened by a later test case is not up when looked for.)
   void closingAsksAndQuits() {
     frmMain& w = s_->w;
     s_->boxes.titles.clear();

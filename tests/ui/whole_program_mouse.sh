@@ -6,8 +6,7 @@
 set -euo pipefail
 . "$(dirname "$0")/../support/xvfb.sh"
 x_server
-work=$(mktemp -d)
-x_on_exit "rm -rf '$work'"
+x_work
 # Sound off, the debug log on, empty lists: a quiet start, with no box in the way.
 printf '"Version","1.14"\r\n"LastOption"," 0"\r\n"Debug",-1\r\n"Sound",0\r\n' >"$work/sw.opt"
 cp "$2/webmaster/empty.dat" "$work/SWhscore.dat"
@@ -16,14 +15,11 @@ sleep 1.5
 # Clicks a point of the window; prints the log's new lines once they hold the text $3, then
 # answers the box a death brings.
 click() {
-  local n i
+  local n want=$3
   n=$(wc -l <"$work/SWDebug.log")
   xdotool mousemove --window "$(x_window)" "$1" "$2" click 1
-  for i in $(seq 100); do
-    tail -n "+$((n + 1))" "$work/SWDebug.log" | grep -F -- "$3" >/dev/null && break
-    [ "$i" -lt 100 ] || x_fail "the debug log never showed '$3' after a click"
-    sleep 0.1
-  done
+  x_until 100 'tail -n "+$((n + 1))" "$work/SWDebug.log" | grep -F -- "$want" >/dev/null' ||
+    x_fail "the debug log never showed '$3' after a click"
   tail -n "+$((n + 1))" "$work/SWDebug.log"
   sleep 0.5
   [ -z "$(x_boxes)" ] || x_answer Return
@@ -42,6 +38,4 @@ for _ in 1 2 3; do  # three steps toward a cell three columns away on Whisk's ro
   echo "$got" | sed -n 1,2p | tr '\n' '|' | grep -xF "$want" >/dev/null || x_fail "the click ran: $got"
   echo "$got" | grep -F "{{ MovePlayer }} (input) ctPlayer=$((c + d)),$r (return)" >/dev/null || x_fail "Whisk stayed at $c,$r: $got"
 done
-kill -TERM "$game_pid"
-x_ended "$game_pid" 60 || x_fail "the game did not end"
 echo "whole program: three steps by clicks on the board, as the debug log shows"

@@ -9,21 +9,18 @@ set -euo pipefail
 game=$1 seeds=$2 starts=${3:-10}
 . "$(dirname "$0")/../support/xvfb.sh"
 x_server
-work=$(mktemp -d)
-x_on_exit "rm -rf '$work'"
+x_work
 typed=0 signals=(TERM INT HUP)
 
-up() {  # NAME [KEYS]: a player with sound and the debug log on, no lists; the game's start at its notice
+up() {  # NAME [KEYS [answered]]: a player with sound and the debug log on, no lists; the game's start at its
+  # notice, KEYS typed there; "answered": then the notice answered, the window up
   dir=$work/$1
   mkdir "$dir" && cp "$seeds/options/two.opt" "$dir/sw.opt"
   x_start "$dir" "$game"
   x_wait_box "Error: LoadHighScoresError" || x_fail "$1: '$(x_boxes)' at the start"
   for ((i = 0; i < ${2:-0}; i++)); do xdotool key "$((i % 10))"; done
   typed=$((typed + i))
-}
-answer() {  # the notice answered, the window up
-  x_press Return
-  x_wait_window || x_fail "$dir: no main window after the notice"
+  [ -z "${3:-}" ] || { x_press Return && x_wait_window; } || x_fail "$dir: no main window after the notice"
 }
 end_with() {  # SIGNAL
   kill "-$1" "$game_pid"
@@ -34,14 +31,12 @@ end_with() {  # SIGNAL
   tail -n 2 "$dir/SWDebug.log" | grep -q '^Exit Program - ' || x_fail "$dir: the debug log was not closed"
 }
 
-up quit
-answer
+up quit 0 answered
 x_press alt+g q
 for _ in $(seq 50); do kill -0 "$game_pid" 2>/dev/null || break; [ -z "$(x_boxes)" ] || x_answer Return; sleep 0.1; done
 x_ended "$game_pid" || x_fail "Game > Quit did not end the game"
 for run in $(seq "$starts"); do
-  up "start$run" 40
-  answer
+  up "start$run" 40 answered
   sleep 0.3
   x_press z
   sleep 0.3
@@ -51,8 +46,7 @@ for run in $(seq "$starts"); do
 done
 up notice
 end_with INT
-up dialog
-answer
+up dialog 0 answered
 x_press alt+o c
 x_wait_box Controls || x_fail "no Controls dialog: '$(x_boxes)'"
 end_with TERM
