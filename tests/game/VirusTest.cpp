@@ -131,6 +131,13 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflows
   EXPECT_EQ(h.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
 }
 
+// A new virus never stands on the mouse, on any other virus (the first one too), nor off the map.
+TEST(VirusTest, NewVirusesKeepOffTheMouseAndEachOther) {
+  Board b(2, At(5, 5), {At(1, 1), At(2, 2)});
+  for (CoordPair ct : {At(5, 5), At(1, 1), At(2, 2), At(-1, 0), At(24, 13)}) EXPECT_FALSE(b.eng.CanVirusEnter(ct, -1));
+  EXPECT_TRUE(b.eng.CanVirusEnter(At(3, 3), -1) && b.eng.CanVirusEnter(At(23, 13), -1));
+}
+
 TEST(VirusTest, NightmareMovesTheVirusesTwice) {
   Board b(4, At(5, 5), {kFar});
   b.g.gnLag = 3;
