@@ -90,7 +90,7 @@ std::vector<ListItem> ListReader::ReadLine() {
   while (more) {
     items.push_back(ParseItem(line, p, more));
   }
-  if (items.size() == 1 && !items[0].quoted && items[0].text.empty()) items.clear();
+  if (items.size() == 1 && !items.front().quoted && items.front().text.empty()) items.clear();
   return items;
 }
 

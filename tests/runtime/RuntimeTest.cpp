@@ -73,12 +73,13 @@ TEST(NumText, ValStrAndThousands) {
 TEST(WriteList, LinesAsWrittenAndDamagedLinesAreTolerated) {
   EXPECT_EQ(WriteListLine({"Grid", int16_t{-1}}), "\"Grid\",-1\r\n");
   EXPECT_EQ(WriteListLine({int32_t{1234567}, "a\"b", ""}), "1234567,\"a\"b\",\"\"\r\n");  // no escaping
-  // Blanks around items, LF alone, junk after a closing quote, a string cut by the line's end.
-  ListReader d("  \"Diff\" , 3 \n\"Name\"junk,\"x\n\"unterminated");
+  // Blanks around items, LF alone, bare items before a comma, an empty string (an item) and an empty line (none),
+  // junk after a closing quote, a string cut by the line's end.
+  ListReader d("  \"Diff\" , 3 \n 7 ,8\r\n\"\"\r\n\r\n\"Name\"junk,\"x\n\"unterminated");
   std::string read;
   while (!d.Eof())
     for (const ListItem& item : d.ReadLine()) read += item.text + "|";
-  EXPECT_EQ(read, "Diff|3|Name|x|unterminated|");
+  EXPECT_EQ(read, "Diff|3|7|8||Name|x|unterminated|");
 }
 
 // A line with one item where two are due.
