@@ -100,7 +100,7 @@ void CommandListDialog::SaveKeys(ControlProfile& cp) {
 }
 
 void CommandListDialog::cmbKey_Change(int16_t i, const std::string& typed, int16_t nListIndex) {
-  if (bShowingKeys_ || i < 0 || i > 10) return;
+  if (bShowingKeys_) return;
   KeyCombo& c = cmbKey[static_cast<size_t>(i)];
   std::string text = nListIndex >= 0 ? kSpecialNames[static_cast<size_t>(nListIndex)] : typed;
   if (text == c.tag || text.empty()) return;
@@ -144,8 +144,7 @@ void CommandListDialog::cmbProfile_Click(int16_t nIndex) {
                   MsgButtons::YesNo, "Select New Profile", "powerup2.mp3");
     if (shell.gnMsgReturn == MsgAnswer::Yes) cmdSaveProfile_Click();
   }
-  OptionProfile& now = opts.Current();
-  if (static_cast<size_t>(nIndex) + 1 >= now.cpProfile.size()) return;
+  OptionProfile& now = opts.Current();  // saving may have added a profile, never taken one away
   now.nProfile = static_cast<int16_t>(nIndex + 1);
   now.szProfile = now.cpProfile[static_cast<size_t>(now.nProfile)].szName;
   nProfileIndex = nIndex;

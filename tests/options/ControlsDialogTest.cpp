@@ -59,7 +59,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     EXPECT_EQ(Ints({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}), Ints({0, -1, 1, 0}));
     c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
     EXPECT_EQ(c.d.cmbKey[kLink].text + std::to_string(c.d.GetCmbKey(kLink)), "E101");
-    c.d.cmbKey_Change(kWait, "", 0);  // "Enter", the list's first item
+    c.d.cmbKey_Change(kWait, "Enter");  // typed as the list names it
     EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
     c.d.cmbKey_Change(kWait, "", 4);  // "Tab", its last
     c.d.cmbKey_Change(kLink, " ");    // a blank is the Space item (stored as 32, below)
@@ -100,6 +100,12 @@ TEST(ControlsDialog, SavingRefusesReservedNamesAsksBeforeOverwritingAndDeleteFal
 
   // Overwriting asks; a capitalised name picks the list's own spelling. Then Delete falls back to profile 1.
   c.Visit([&] {
+    // Delete is there for saved profiles only: at the open (Arrows), not for a built-in one picked, again for Arrows.
+    const bool atOpen = c.d.bDelEnabled;
+    c.d.cmbProfile_Click(3);
+    const bool builtIn = c.d.bDelEnabled;
+    c.d.cmbProfile_Click(4);
+    EXPECT_EQ(Ints({atOpen, builtIn, c.d.bDelEnabled}), Ints({1, 0, 1}));
     c.d.cmbKey_Change(kUp, "q");
     c.names = {"ARROWS"};
     c.w.answers = {MsgAnswer::Yes};
