@@ -102,8 +102,10 @@ TEST(BoardMenu, OffersPauseWaitAndLinkWithTheirKeysAndRunsTheOneChosen) {
   TempDir dir;
   const std::string log = LogOf(
       [](Board& b) {
-        b.w.onPopup = [] { return int16_t{2}; };
+        int16_t pick = 0;  // Pause first, then Link
+        b.w.onPopup = [&pick] { return pick; };
         b.sw.input.grdMap_MouseDown(2);
+        pick = 2;
         EXPECT_EQ(b.w.popup, (std::vector<PopupItem>{{"&Pause\t5", true}, {"&Wait\t0", true}, {"&Link\t+", true}}));
         // Keyboard Left, with Pause unbound and Link on "&".
         OptionProfile& op = b.sw.opts.Current();
@@ -114,9 +116,10 @@ TEST(BoardMenu, OffersPauseWaitAndLinkWithTheirKeysAndRunsTheOneChosen) {
         EXPECT_EQ(b.w.popup, (std::vector<PopupItem>{{"&Pause", false}, {"&Wait\tTab", true}, {"&Link\t&&", true}}));
       },
       1);
-  EXPECT_EQ(log.find("{{ frmMain.menBoard_Click }} (input) Command=CPLink\r\n{{ frmMain.Form_KeyPress }} (input) "
-                     "KeyAscii=43 [+]\r\n"),
+  EXPECT_EQ(log.find("{{ frmMain.menBoard_Click }} (input) Command=CPPause\r\n{{ frmMain.Form_KeyPress }} (input) "
+                     "KeyAscii=53 [5]\r\n"),
             0u);
+  EXPECT_NE(log.find("Command=CPLink\r\n{{ frmMain.Form_KeyPress }} (input) KeyAscii=38 [&]\r\n"), std::string::npos);
 }
 
 }  // namespace sw::test
