@@ -13,7 +13,7 @@ namespace sw {
 
 namespace {
 
-const char* const kTypeNames[2] = {"Personal", "All Time"};
+const char* const kTypeNames[] = {"Personal", "All Time"};
 
 // "1 (All Time)": a number with the name it stands for.
 std::string Named(int16_t n, const char* name) { return NumText(int64_t{n}) + " (" + name + ")"; }
@@ -89,7 +89,6 @@ void HighScoreDialog::optType_Click(int16_t Index) {
 
 void HighScoreDialog::optDiff_Click(int16_t Index) {
   if (dbg.On()) dbg.DebugWrite(Trace("frmHighScore.optDiff_Click").In("Index", Index));
-  if (Index < 1 || Index > 4) return;
   nDiff = Index;
   Form_Load();
 }

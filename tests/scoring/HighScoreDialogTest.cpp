@@ -69,6 +69,25 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
   EXPECT_EQ(HighScoreDialog::PlaceName(10), "Place 10 name");
 }
 
+// The lists open after a game only for a place earned: on the all-time list when the game has a place there
+// (the first too), else on the personal one.
+TEST(HighScoreDialog, TheListsOpenOnlyForAPlaceEarned) {
+  const struct {
+    int32_t score;
+    int16_t sites, opened;  // the list opened, -1 none
+  } cases[] = {{50, 1, -1}, {102, 11, HighScores::kPersonal}, {5000, 1, HighScores::kAllTime}};
+  for (const auto& c : cases) {
+    Board b;
+    Fill(b.sw.hs);
+    b.sc.glScore = c.score;
+    b.g.gnSitesHit = c.sites;
+    int16_t opened = -1;
+    b.w.onDialog = [&](Dialog) { opened = b.sw.webmasters.nType; };
+    b.sw.webmasters.CheckHighScore();
+    EXPECT_EQ(opened, c.opened) << c.score;
+  }
+}
+
 // No to either question changes nothing; Yes clears the list shown, that one only, and writes the file.
 TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   TempDir dir;
@@ -104,14 +123,18 @@ TEST(HighScoreDialog, ClearingAsksFirstAndTouchesOnlyWhatItSays) {
   EXPECT_EQ(fresh.sw.hs.PlainText(), want.sw.hs.PlainText());
 }
 
-// The caret waits in the tenth row when that one is earned; a list that does not exist is error 9.
+// The caret waits in the tenth row when that one is earned, and the prompt names it; a list that does not exist is
+// error 9.
 TEST(HighScoreDialog, TheTenthRowCanBeEarnedAndOnlyListsThatExistAreShown) {
-  Board b;  // normal
+  Board b(1);  // easy
   Fill(b.sw.hs);
   HighScoreDialog& d = b.sw.webmasters;
   b.sw.hs.gnGlobalSlot = 10;
-  b.w.onDialog = [&](Dialog) { EXPECT_EQ(d.nFocus, 10); };
-  d.ShowHighScores(1, 2);
+  b.w.onDialog = [&](Dialog) {
+    EXPECT_EQ(std::to_string(d.nFocus) + " " + d.NamePrompt(),
+              "10 All Time, Easy: place 10, score 102. Type your name.");
+  };
+  d.ShowHighScores(1, 1);
   const std::pair<int16_t, int16_t> outside[] = {{-1, 2}, {2, 2}, {1, 0}, {1, 5}};
   for (const auto& p : outside)
     EXPECT_EQ(ErrorOf([&] { d.ShowHighScores(p.first, p.second); }), 9) << p.first << "/" << p.second;
