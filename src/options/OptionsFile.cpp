@@ -72,7 +72,7 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
   // Any failure ends reading at once: the message, then everything loaded is discarded.
   auto recover = [this](const RuntimeError& err) {
     // A file that is there but did not load is kept aside before it is replaced.
-    if (err.Number() != 53) keepAside_ = FileExists(Options::kFileName);
+    keepAside_ = FileExists(Options::kFileName);
     const std::string text = std::string("Error opening the options file (") + Options::kFileName +
                              ").  Default game option profile will be used." + "\n\n" + "Error (" +
                              NumText(int64_t{err.Number()}) + "): " + err.Description();

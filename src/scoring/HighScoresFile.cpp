@@ -70,7 +70,7 @@ void HighScores::ReadEntries(const std::string& printed) {
 
 void HighScores::LoadFailed(const RuntimeError& err) {
   // A file that is there but did not load is kept aside before it is replaced.
-  if (err.Number() != 53) keepAside_ = FileExists(kFileName);
+  keepAside_ = FileExists(kFileName);
   FileFailed(dbg, shell, "LoadHighScoresError", err);
 }
 
