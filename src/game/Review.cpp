@@ -87,7 +87,7 @@ void Review::Follow() {
 
 void Review::Key(ReviewKey key) {
   Follow();
-  if (cursor_.nCol < 0 || cursor_.nRow < 0) return;  // no mouse on the map: nothing to read from
+  if (cursor_.nCol < 0) return;  // no mouse on the map (-1, -1): nothing to read from
   std::string prefix;
   switch (key) {
     case ReviewKey::Left:

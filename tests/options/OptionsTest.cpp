@@ -208,13 +208,13 @@ TEST(OptionsFile, SettingsOutOfRangeAreReportedOnceAndReplaced) {
   // Out of range in two records: each named once, in one box; everything else of the file kept.
   Loaded l(R"("LastOption"," 2"|"OptionNum",1|"UserName","Ann"|"Diff",0|"MapSize",0|"StartSite",10|"Grid",0|)"
            R"("OptionNum",2|"UserName","Bob"|"ControlProfileBegin",5|"CPName","Mine"|"CPMoveUp",113|)"
-           R"("ControlProfileNum",9|"MapSize",6|"Diff",5|"StartSite",-1)");
+           R"("ControlProfileNum",6|"MapSize",6|"Diff",5|"StartSite",-1)");
   ASSERT_EQ(Shown(l.w).size(), 1u);
   EXPECT_EQ(
       Shown(l.w)[0],
       "Options Out of Range: Some settings in the options file (sw.opt) are out of range; their defaults are "
       "used instead:\nDifficulty 0 of Ann: 2 used\nMap size 0 of Ann: 3 used\nStarting site 10 of Ann: 0 used\n"
-      "Difficulty 5 of Bob: 2 used\nMap size 6 of Bob: 3 used\nStarting site -1 of Bob: 0 used\nControl profile 9 "
+      "Difficulty 5 of Bob: 2 used\nMap size 6 of Bob: 3 used\nStarting site -1 of Bob: 0 used\nControl profile 6 "
       "of Bob: 1 used");
   EXPECT_EQ(std::vector<int>({l.Rec(1).nDiff, l.Rec(1).nStartSite, l.Rec(1).bGrid.Code(), l.Rec(2).nDiff,
                               l.Rec(2).nMapSize, l.Rec(2).nProfile}),
