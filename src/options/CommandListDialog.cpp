@@ -162,8 +162,7 @@ void CommandListDialog::cmdSaveProfile_Click() {
     if (!select.gbRet) return;
     const std::string name = Lower(select.gszSelect);
     bool bReserved = false;
-    for (size_t k = 1; k <= 4 && k < op.cpProfile.size(); ++k)
-      bReserved |= Lower(kBuiltInProfiles[k - 1].szName) == name;
+    for (const ControlProfile& builtIn : kBuiltInProfiles) bReserved |= Lower(builtIn.szName) == name;
     if (bReserved) {
       shell.ShowMsg(std::string("You cannot use a profile name reserved for the default configurations.") + "\n" +
                         "Please select a different profile name.",
