@@ -44,8 +44,8 @@ frmHighScore::frmHighScore(sw::HighScoreDialog& model, QWidget* parent) : QDialo
   choose->addWidget(lblScoreBoard, 0, 0, Qt::AlignRight);
   choose->addWidget(lblDiff, 1, 0, Qt::AlignRight);
   auto* typeRow = new QHBoxLayout;
-  const char* const typeText[2] = {"&Personal", "All &Time"};
-  const char* const typeTip[2] = {"View your personal webmaster lists", "View the all time higest webmaster lists"};
+  const char* const typeText[] = {"&Personal", "All &Time"};
+  const char* const typeTip[] = {"View your personal webmaster lists", "View the all time higest webmaster lists"};
   auto* types = new QButtonGroup(this);
   for (int i = 0; i < 2; ++i) {
     optType[i] = new QRadioButton(tr(typeText[i]), this);

@@ -136,6 +136,10 @@ class TestDialogs : public QObject {
               y(3) < y(0) && y(0) == y(10));
       QVERIFY(x(7) == x(1) && x(1) == x(0) && x(0) < x(8) && x(8) == x(5) && x(5) == x(2) && x(2) < x(9) &&
               x(9) == x(3) && x(3) == x(10));
+      QStringList profiles;  // the built-in profiles, the one in force chosen
+      for (int k = 0; k < d.cmbProfile->count(); ++k) profiles << d.cmbProfile->itemText(k);
+      QCOMPARE(profiles.join('|') + "/" + d.cmbProfile->currentText(),
+               "Number Pad (Default)|Keyboard Left|Keyboard Right|Old School (larn)/Number Pad (Default)");
       auto next = [](QWidget* w) {
         QWidget* n = w->nextInFocusChain();
         while (w->isAncestorOf(n)) n = n->nextInFocusChain();
@@ -155,6 +159,7 @@ class TestDialogs : public QObject {
         QTest::mouseClick(select.cmdOk, Qt::LeftButton);
       });
       QTest::mouseClick(d.cmdSaveProfile, Qt::LeftButton);
+      QVERIFY(d.cmbProfile->count() == 5 && d.cmbProfile->currentText() == "Swapped");
       QTest::mouseClick(d.cmdOK, Qt::LeftButton);
     });
     s_->w.menControls->trigger();
@@ -217,6 +222,14 @@ class TestDialogs : public QObject {
         QVERIFY(table->cellAt(r, 1)->child(0)->object() == d.txtName[r + 1] && box->parent() == table->cellAt(r, 1));
         QCOMPARE(name(box) + QString::number(box->parent()->tableCellInterface()->rowIndex()),
                  QStringLiteral("Place %1 name%2").arg(r + 1).arg(r));
+      }
+      for (QLabel* l : d.findChildren<QLabel*>()) {  // each row's label stands to the left of its choices
+        QRadioButton* first = l->text() == "Difficulty:"    ? d.optDiff[1]
+                              : l->text() == "Score Board:" ? d.optType[0]
+                                                            : nullptr;
+        if (first != nullptr)
+          QVERIFY(qAbs(l->geometry().center().y() - first->geometry().center().y()) <= 2 &&
+                  l->geometry().right() < first->x());
       }
       QStringList radios;  // the choices of list, each with the row of choices it stands in
       for (QRadioButton* o : d.findChildren<QRadioButton*>())
