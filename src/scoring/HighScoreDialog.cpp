@@ -36,7 +36,6 @@ void HighScoreDialog::CheckHighScore() {
 
 void HighScoreDialog::ShowHighScores(int16_t nTypeShown, int16_t nDiffShown) {
   if (dbg.On()) dbg.DebugWrite(Trace("ShowHighScores").In("nType", nTypeShown).In("nDiff", nDiffShown));
-  if (nTypeShown < 0 || nTypeShown > 1 || nDiffShown < 1 || nDiffShown > 4) throw RuntimeError(errSubscript);
   nType = nTypeShown;
   nDiff = nDiffShown;
   bShown = true;
