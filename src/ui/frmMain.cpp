@@ -10,15 +10,15 @@
 #include <QTimer>
 #include <utility>
 
-#include "debuglog/frmDebugMark.h"
-#include "options/frmCommandList.h"
-#include "options/frmSelect.h"
-#include "scoring/frmHighScore.h"
 #include "ui/Accessible.h"
 #include "ui/BoardInput.h"
 #include "ui/Heap.h"
 #include "ui/ProgBar.h"
+#include "ui/frmCommandList.h"
+#include "ui/frmDebugMark.h"
+#include "ui/frmHighScore.h"
 #include "ui/frmMsgBox.h"
+#include "ui/frmSelect.h"
 
 // The pictures are compiled into the UI library; make sure they are linked in.
 static void InitAssets() { Q_INIT_RESOURCE(assets); }

@@ -8,12 +8,12 @@
 #include <QWindow>
 #include <tuple>
 
-#include "debuglog/frmDebugMark.h"
-#include "options/frmCommandList.h"
-#include "options/frmSelect.h"
-#include "scoring/frmHighScore.h"
 #include "ui/UiTestSupport.h"
+#include "ui/frmCommandList.h"
+#include "ui/frmDebugMark.h"
 #include "ui/frmHelp.h"
+#include "ui/frmHighScore.h"
+#include "ui/frmSelect.h"
 
 using swui::frmMsgBox;
 using uitest::InNextDialog;

@@ -1,4 +1,4 @@
-#include "debuglog/frmDebugMark.h"
+#include "ui/frmDebugMark.h"
 
 #include <QDialogButtonBox>
 #include <QLabel>

@@ -1,4 +1,4 @@
-#include "scoring/frmHighScore.h"
+#include "ui/frmHighScore.h"
 
 #include <QButtonGroup>
 #include <QFocusEvent>

@@ -1,4 +1,4 @@
-#include "options/frmNamedCombo.h"
+#include "ui/frmNamedCombo.h"
 
 #include <QAbstractItemView>
 #include <QAccessible>

@@ -1,4 +1,4 @@
-#include "options/frmCommandList.h"
+#include "ui/frmCommandList.h"
 
 #include <QGridLayout>
 #include <QGroupBox>

@@ -1,4 +1,4 @@
-#include "options/frmSelect.h"
+#include "ui/frmSelect.h"
 
 #include <QComboBox>
 #include <QHBoxLayout>
@@ -7,7 +7,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "options/frmNamedCombo.h"
+#include "ui/frmNamedCombo.h"
 
 namespace swui {
 

@@ -7,7 +7,7 @@
 #include <QPointer>
 #include <QWindow>
 
-#include "scoring/frmHighScore.h"
+#include "ui/frmHighScore.h"
 
 namespace swui {
 

@@ -4,7 +4,7 @@
 #include <array>
 
 #include "options/CommandListDialog.h"
-#include "options/frmNamedCombo.h"
+#include "ui/frmNamedCombo.h"
 
 class QLabel;
 class QPushButton;
