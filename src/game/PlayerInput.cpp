@@ -128,7 +128,7 @@ void PlayerInput::grdMap_MouseDown(int16_t Button) {
     return;
   }
   const int16_t chosen = frmMain.PopupMenu(items);
-  if (chosen >= 0 && chosen < static_cast<int16_t>(std::size(kMenu))) menBoard_Click(kMenu[chosen]);
+  if (chosen >= 0) menBoard_Click(kMenu[chosen]);  // the window answers with an item it was given, or -1
 }
 
 void PlayerInput::menBoard_Click(Command cmd) {

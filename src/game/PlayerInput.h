@@ -59,7 +59,7 @@ class PlayerInput {
   CoordPair Outline() const { return ctOutline_; }
 
   // The board's menu, in order.
-  static constexpr Command kMenu[3] = {Command::Pause, Command::Wait, Command::Link};
+  static constexpr Command kMenu[] = {Command::Pause, Command::Wait, Command::Link};
 
  private:
   // A command may be given now: a game is on and no pause or wait holds it.

@@ -166,10 +166,8 @@ void Game::CheckVirusInfected() {
 
 void Game::KillVirus(int16_t nVirus, ScoreEvent nEvent) {
   try {
-    for (int16_t k = nVirus; k <= game.gnVirusLive - 1; ++k)
-      game.gctVirusPos[static_cast<size_t>(k)] = game.gctVirusPos[static_cast<size_t>(k) + 1];
     game.gnVirusLive = Sub16(game.gnVirusLive, 1);
-    game.gctVirusPos.resize(static_cast<size_t>(game.gnVirusLive) + 1);
+    game.gctVirusPos.erase(game.gctVirusPos.begin() + nVirus);  // the viruses after it move down one
     ShowVirusCount();
     if (dbg.On())
       dbg.DebugWrite(Trace("KillVirus").In("nVirus", nVirus).In("nEvent", nEvent).Var("gnVirusLive", game.gnVirusLive));

@@ -200,7 +200,7 @@ void CommandListDialog::cmdSaveProfile_Click() {
 
 void CommandListDialog::cmdDelProfile_Click() {
   OptionProfile& op = opts.Current();
-  if (op.nProfile < 5 || static_cast<size_t>(op.nProfile) >= op.cpProfile.size()) return;
+  if (!bDelEnabled) return;  // the button is off unless a saved profile is the current one
   shell.ShowMsg("Are you sure you want to delete the '" + op.szProfile + "' control profile?", MsgButtons::YesNo,
                 "Delete Control Profile", "powerup2.mp3");
   if (shell.gnMsgReturn != MsgAnswer::Yes) return;

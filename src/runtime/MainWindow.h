@@ -28,8 +28,7 @@ enum class Picture : int16_t {
   Infected = 12,  // imgInfected
 };
 inline Picture PlayerPicture(Direction nDir) {
-  const int16_t n = DirCode(nDir);
-  return (n >= 1 && n <= 9) ? static_cast<Picture>(n) : Picture::Player5;
+  return nDir == Direction::None ? Picture::Player5 : static_cast<Picture>(DirCode(nDir));
 }
 
 // The message box's button sets, and the answers its buttons give (the classic codes,

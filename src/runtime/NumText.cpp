@@ -1,5 +1,6 @@
 #include "runtime/NumText.h"
 
+#include <algorithm>
 #include <cctype>
 #include <cmath>
 #include <cstdio>
@@ -22,6 +23,55 @@ std::string GFormat(double v, int digits) {
   return buf;
 }
 
+constexpr std::string_view kDigits = "0123456789";
+
+// Reads a text from the front, a character or a run of characters of a given set at a time.
+class Cursor {
+ public:
+  explicit Cursor(std::string_view text) : text_(text), rest_(text) {}
+  // Takes the next character if it is one of the set.
+  bool One(std::string_view set) {
+    if (rest_.empty() || set.find(rest_.front()) == std::string_view::npos) return false;
+    rest_.remove_prefix(1);
+    return true;
+  }
+  // Takes the characters of the set that come next; false when there is none.
+  bool Run(std::string_view set) {
+    const size_t n = std::min(rest_.find_first_not_of(set), rest_.size());
+    rest_.remove_prefix(n);
+    return n > 0;
+  }
+  bool AtEnd() const { return rest_.empty(); }
+  std::string_view Taken() const { return text_.substr(0, static_cast<size_t>(rest_.data() - text_.data())); }
+
+ private:
+  std::string_view text_;
+  std::string_view rest_;
+};
+
+// A sign, digits, a point and digits: false when there is no digit on either side of the point.
+bool Mantissa(Cursor& c) {
+  c.One("+-");
+  const bool whole = c.Run(kDigits);
+  const bool fraction = c.One(".") && c.Run(kDigits);
+  return whole || fraction;
+}
+
+// "E", "e", "D" or "d", a sign and digits: false when there is no digit.
+bool Exponent(Cursor& c) {
+  if (!c.One("EeDd")) return false;
+  c.One("+-");
+  return c.Run(kDigits);
+}
+
+// "&H" or "&O" (either case) and the number's base, or 0 when the text starts with neither.
+int Base(std::string_view s) {
+  const std::string_view prefix = s.substr(0, 2);
+  if (prefix == "&H" || prefix == "&h") return 16;
+  if (prefix == "&O" || prefix == "&o") return 8;
+  return 0;
+}
+
 }  // namespace
 
 double Val(std::string_view text) {
@@ -31,88 +81,36 @@ double Val(std::string_view text) {
   for (char c : text) {
     if (!IsBlank(c)) s.push_back(c);
   }
-  if (s.size() >= 2 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h' || s[1] == 'O' || s[1] == 'o')) {
-    const int base = (s[1] == 'H' || s[1] == 'h') ? 16 : 8;
+  if (const int base = Base(s)) {
+    const std::string_view digits = std::string_view("0123456789ABCDEF").substr(0, static_cast<size_t>(base));
     int64_t v = 0;
-    size_t i = 2;
-    for (; i < s.size(); ++i) {
-      const char c = static_cast<char>(std::toupper(static_cast<unsigned char>(s[i])));
-      int d = -1;
-      if (c >= '0' && c <= '9')
-        d = c - '0';
-      else if (base == 16 && c >= 'A' && c <= 'F')
-        d = c - 'A' + 10;
-      if (d < 0 || d >= base) break;
-      v = v * base + d;
+    for (char c : std::string_view(s).substr(2)) {
+      const size_t d = digits.find(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
+      if (d == std::string_view::npos) break;
+      v = v * base + static_cast<int64_t>(d);
       if (v > 0xFFFFFFFFLL) break;
     }
     // Hex and octal constants are 16-bit when they fit, else 32-bit, both signed.
     if (v <= 0xFFFF) return static_cast<double>(static_cast<int16_t>(static_cast<uint16_t>(v)));
     return static_cast<double>(static_cast<int32_t>(static_cast<uint32_t>(v)));
   }
-  size_t i = 0;
-  std::string num;
-  if (i < s.size() && (s[i] == '+' || s[i] == '-')) num.push_back(s[i++]);
-  bool digits = false;
-  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
-    num.push_back(s[i++]);
-    digits = true;
-  }
-  if (i < s.size() && s[i] == '.') {
-    num.push_back(s[i++]);
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
-      num.push_back(s[i++]);
-      digits = true;
-    }
-  }
-  if (!digits) return 0.0;
-  if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
-    std::string ex = "E";
-    size_t j = i + 1;
-    if (j < s.size() && (s[j] == '+' || s[j] == '-')) ex.push_back(s[j++]);
-    while (j < s.size() && std::isdigit(static_cast<unsigned char>(s[j]))) ex.push_back(s[j++]);
-    num += ex;  // an exponent without digits reads as none
-  }
+  Cursor c(s);
+  if (!Mantissa(c)) return 0.0;
+  Exponent(c);  // an exponent without digits reads as none
+  std::string num(c.Taken());
+  std::ranges::replace(num, 'D', 'E');
+  std::ranges::replace(num, 'd', 'E');
   return std::strtod(num.c_str(), nullptr);
 }
 
 bool IsNumeric(std::string_view text) {
-  size_t b = 0, e = text.size();
-  while (b < e && IsBlank(text[b])) ++b;
-  while (e > b && IsBlank(text[e - 1])) --e;
-  const std::string_view s = text.substr(b, e - b);
-  if (s.empty()) return false;
-  if (s.size() >= 3 && s[0] == '&' && (s[1] == 'H' || s[1] == 'h')) {
-    for (size_t i = 2; i < s.size(); ++i)
-      if (!std::isxdigit(static_cast<unsigned char>(s[i]))) return false;
-    return true;
-  }
-  size_t i = 0;
-  if (s[i] == '+' || s[i] == '-') ++i;
-  bool digits = false;
-  while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
-    ++i;
-    digits = true;
-  }
-  if (i < s.size() && s[i] == '.') {
-    ++i;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
-      ++i;
-      digits = true;
-    }
-  }
-  if (!digits) return false;
-  if (i < s.size() && (s[i] == 'E' || s[i] == 'e' || s[i] == 'D' || s[i] == 'd')) {
-    ++i;
-    if (i < s.size() && (s[i] == '+' || s[i] == '-')) ++i;
-    bool exDigits = false;
-    while (i < s.size() && std::isdigit(static_cast<unsigned char>(s[i]))) {
-      ++i;
-      exDigits = true;
-    }
-    if (!exDigits) return false;
-  }
-  return i == s.size();
+  std::string_view s = text;
+  while (!s.empty() && IsBlank(s.front())) s.remove_prefix(1);
+  while (!s.empty() && IsBlank(s.back())) s.remove_suffix(1);
+  Cursor c(s);
+  if (c.One("&")) return c.One("Hh") && c.Run("0123456789ABCDEFabcdef") && c.AtEnd();
+  if (!Mantissa(c)) return false;
+  return c.AtEnd() || (Exponent(c) && c.AtEnd());
 }
 
 std::string NumText(double v) { return GFormat(v, 15); }
@@ -123,9 +121,9 @@ std::string BoolText(bool b) { return b ? "True" : "False"; }
 std::string Str(double v) {
   std::string t = NumText(v);
   // Str drops the zero before the point: " .5", "-.5".
-  if (t.rfind("0.", 0) == 0)
+  if (t.starts_with("0."))
     t.erase(0, 1);
-  else if (t.rfind("-0.", 0) == 0)
+  else if (t.starts_with("-0."))
     t.erase(1, 1);
   if (v >= 0 || std::isnan(v)) t.insert(t.begin(), ' ');
   return t;

@@ -75,6 +75,7 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
                 m.menStartSiteNum_Click(4);
               }).empty());
   EXPECT_EQ(b.g.gnGameNum, 2);
+  EXPECT_TRUE(b.w.checked[Menu::menStartSiteNum4]);  // the checked item, clicked again, stays checked
   b.g.gbGameOn = false;
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);

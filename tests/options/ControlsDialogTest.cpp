@@ -57,7 +57,7 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     c.d.cmbKey_Change(kUp, "2");  // Down holds 2: it takes Up's old 8
     EXPECT_EQ(c.d.cmbKey[kUp].text + c.d.cmbKey[kDown].text + " " + c.op.szProfile, "28 (Temporary)");
     EXPECT_EQ(Ints({c.op.nProfile, c.d.nProfileIndex, c.d.bSaveEnabled, c.d.bDelEnabled}), Ints({0, -1, 1, 0}));
-    c.d.cmbKey_Change(kLink, "e");  // shown in capitals, stored in lower case
+    c.d.cmbKey_Change(kLink, "ex");  // its first letter: shown in capitals, stored in lower case
     EXPECT_EQ(c.d.cmbKey[kLink].text + std::to_string(c.d.GetCmbKey(kLink)), "E101");
     c.d.cmbKey_Change(kWait, "Enter");  // typed as the list names it
     EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
@@ -163,6 +163,22 @@ TEST(ControlsDialog, SaveQuestionsAreYesNoAndCancelRestoresTheProfileOfThisVisit
     EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, std::to_string(t.nProfile) + " " + t.name);
     EXPECT_EQ(c.op.cpProfile[t.answer == MsgAnswer::Yes ? 6 : 0].CPMoveUp, t.up);
   }
+}
+
+// Cancel puts the profile back only when this visit changed keys: a profile picked is kept, even after an
+// earlier visit that did change them.
+TEST(ControlsDialog, CancelKeepsAProfilePickedWithoutChangingKeys) {
+  Controls c;
+  c.w.answers = {MsgAnswer::No, MsgAnswer::No};  // keep the keys temporary; pick without saving them
+  c.Visit([&] {
+    c.d.cmbKey_Change(kUp, "w");
+    c.d.cmdOK_Click();
+  });
+  c.Visit([&] {
+    c.d.cmbProfile_Click(2);
+    c.d.cmdCancel_Click();
+  });
+  EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, "3 Keyboard Right");
 }
 
 // Nothing typed is refused; Cancel chooses nothing. (A name picked in the list's own spelling: the saving above.)

@@ -54,13 +54,14 @@ TEST(NumText, ValStrAndThousands) {
       {"&HFF", 255}, {"&hff", 255},     {"&HFFFF", -1}, {"&O17", 15}, {"&o777", 511}, {"&O8", 0},       {"1e", 1},
       {"&H19", 25},  {"&H10", 16},      {"1e+", 1},     {"1d2", 100}, {"1E-2", 0.01}};
   for (auto [t, v] : vals) EXPECT_EQ(Val(t), v) << t;
-  const std::pair<const char*, bool> numeric[] = {{" 1", true},   {"-1", true},   {"2.5E3", true}, {"1e-5", true},
+  const std::pair<const char*, bool> numeric[] = {{" 1\t", true}, {"-1", true},   {"2.5E3", true}, {"1e-5", true},
                                                   {"&hfF", true}, {"&HFF", true}, {"abc", false},  {"7x", false},
                                                   {"", false},    {"-", false},   {".", false},    {"&H1", true},
                                                   {"1D2", true},  {"1d2", true},  {"1e", false}};
   for (auto [t, n] : numeric) EXPECT_EQ(IsNumeric(t), n) << t;
   // Str gives a non-negative number a leading blank; concatenation gives none.
-  EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5) + Str(INFINITY) + Str(-INFINITY), " 1 0-1 .5 Infinity-Infinity");
+  EXPECT_EQ(Str(1) + Str(0) + Str(-1) + Str(0.5) + Str(-0.5) + Str(INFINITY) + Str(-INFINITY),
+            " 1 0-1 .5-.5 Infinity-Infinity");
   EXPECT_EQ(NumText(-7.0) + "|" + NumText(0.25) + "|" + NumText(0.7055475f), "-7|0.25|0.7055475");
   EXPECT_EQ(Value(int16_t{-1}).Text() + Value(true).Text() + Value(false).Text() + Value().Text(), "-1TrueFalse");
   const std::pair<int64_t, const char*> thousands[] = {
