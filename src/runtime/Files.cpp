@@ -7,6 +7,8 @@
 #include <cerrno>
 #include <csignal>
 #include <cstdio>
+#include <filesystem>
+#include <string_view>
 
 #include "runtime/RuntimeError.h"
 
@@ -14,18 +16,17 @@ namespace sw {
 
 namespace {
 
-void WriteAll(int fd, const std::string& bytes) {
+void WriteAll(int fd, std::string_view bytes) {
   // Past a file-size limit a write must fail with an error, not kill the game.
   static const bool bIgnoreFileSizeSignal = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
   (void)bIgnoreFileSizeSignal;
-  size_t done = 0;
-  while (done < bytes.size()) {
-    const ssize_t n = ::write(fd, bytes.data() + done, bytes.size() - done);
+  while (!bytes.empty()) {
+    const ssize_t n = ::write(fd, bytes.data(), bytes.size());
     if (n == -1) {
       if (errno == EINTR) continue;
       throw RuntimeError::FromErrno(errno);
     }
-    done += static_cast<size_t>(n);
+    bytes.remove_prefix(static_cast<size_t>(n));
   }
 }
 
@@ -41,7 +42,7 @@ std::string ReadWholeFile(const std::string& name) {
     throw RuntimeError(errPathFileAccess);
   }
   std::string out;
-  char buf[65536];
+  char buf[BUFSIZ];
   for (;;) {
     const ssize_t n = ::read(fd, buf, sizeof buf);
     if (n == -1) {
@@ -69,26 +70,17 @@ std::string ReadDataFile(const std::string& name) {
 
 namespace {
 
-// The file a name stands for: a symbolic link is written through to its target.
+// The file a name stands for: a symbolic link is written through to the file it leads to. A name that
+// leads to no file (none yet, a broken link, a loop of links) is written as it stands.
 std::string Target(const std::string& name) {
-  std::string path = name;
-  for (int hops = 0; hops < 16; ++hops) {
-    struct stat st {};
-    if (::lstat(path.c_str(), &st) != 0 || !S_ISLNK(st.st_mode)) return path;
-    std::string link(4096, '\0');
-    const ssize_t n = ::readlink(path.c_str(), link.data(), link.size());
-    if (n <= 0) return path;
-    link.resize(static_cast<size_t>(n));
-    const size_t slash = path.rfind('/');
-    path = (link[0] == '/' || slash == std::string::npos) ? link : path.substr(0, slash + 1) + link;
-  }
-  return path;
+  std::error_code ec;
+  const std::filesystem::path file = std::filesystem::canonical(name, ec);
+  return ec ? name : file.string();
 }
 
 void SyncDirectoryOf(const std::string& path) {
-  const size_t slash = path.rfind('/');
-  const std::string dir = slash == std::string::npos ? "." : (slash == 0 ? "/" : path.substr(0, slash));
-  const int fd = ::open(dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  const std::filesystem::path dir = std::filesystem::path(path).parent_path();
+  const int fd = ::open(dir.empty() ? "." : dir.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
   if (fd == -1) return;
   ::fsync(fd);
   ::close(fd);
@@ -114,7 +106,7 @@ void WriteFileAtomic(const std::string& name, const std::string& bytes, mode_t n
   try {
     if (::fchmod(fd, mode) != 0) throw RuntimeError::FromErrno(errno);
     WriteAll(fd, bytes);
-    if (::fsync(fd) != 0 && errno != EINVAL && errno != EROFS) throw RuntimeError::FromErrno(errno);
+    if (::fsync(fd) != 0) throw RuntimeError::FromErrno(errno);  // the disk could not keep it
   } catch (...) {
     ::close(fd);
     ::unlink(tmp.c_str());

@@ -126,5 +126,20 @@ TEST(KeepAside, OnlyDamagedFilesAreKeptBeforeTheyAreReplaced) {
   EXPECT_EQ(Slurp("sw.opt.bad") + Slurp("SWhscore.dat.bad"), kDamagedOptions + "this is no list file\r\n");
 }
 
+// A file reached through a symbolic link is saved in the file the link leads to, which keeps its mode; the
+// link stays a link.
+TEST(Files, ASaveThroughASymbolicLinkWritesTheFileItLeadsTo) {
+  TempDir dir;
+  std::filesystem::create_directory("keep");
+  Spit("keep/real.opt", "old");
+  ::chmod("keep/real.opt", 0640);
+  std::filesystem::create_symlink("keep/real.opt", Options::kFileName);
+  App a;
+  a.sw.optsFile.SaveOptions();
+  EXPECT_TRUE(std::filesystem::is_symlink(Options::kFileName));
+  EXPECT_EQ(Slurp("keep/real.opt").substr(0, 18) + " " + std::to_string(ModeOf("keep/real.opt")),
+            "\"Version\",\"1.14\"\r\n " + std::to_string(0640));
+}
+
 }  // namespace
 }  // namespace sw::test
