@@ -87,8 +87,7 @@ double Val(std::string_view text) {
     for (char c : std::string_view(s).substr(2)) {
       const size_t d = digits.find(static_cast<char>(std::toupper(static_cast<unsigned char>(c))));
       if (d == std::string_view::npos) break;
-      v = v * base + static_cast<int64_t>(d);
-      if (v > 0xFFFFFFFFLL) break;
+      v = (v * base + static_cast<int64_t>(d)) & 0xFFFFFFFF;  // past 32 bits, the last 32 count
     }
     // Hex and octal constants are 16-bit when they fit, else 32-bit, both signed.
     if (v <= 0xFFFF) return static_cast<double>(static_cast<int16_t>(static_cast<uint16_t>(v)));

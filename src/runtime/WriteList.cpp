@@ -1,5 +1,7 @@
 #include "runtime/WriteList.h"
 
+#include <algorithm>
+
 #include "runtime/NumText.h"
 #include "runtime/RuntimeError.h"
 
@@ -25,93 +27,82 @@ bool ListItem::IsNumeric() const { return sw::IsNumeric(text); }
 
 ListReader::ListReader(std::string content) : content_(std::move(content)) {}
 
-bool ListReader::Eof() const {
-  for (size_t i = pos_; i < content_.size(); ++i) {
-    const char c = content_[i];
-    if (c != ' ' && c != '\t' && c != '\r' && c != '\n') return false;
-  }
-  return true;
+namespace {
+
+constexpr std::string_view kBlanks = " \t";
+constexpr std::string_view kLineEnds = "\r\n";
+
+// Takes `c` off the front of `s` when it stands there.
+void SkipOne(std::string_view& s, char c) {
+  if (s.starts_with(c)) s.remove_prefix(1);
+}
+// Takes the characters of a set off the front of `s`.
+void SkipAll(std::string_view& s, std::string_view set) {
+  s.remove_prefix(std::min(s.find_first_not_of(set), s.size()));
+}
+// Takes the front of `s` off, up to the first character of a set (all of it when there is none).
+std::string_view TakeUntil(std::string_view& s, std::string_view set) {
+  const std::string_view front = s.substr(0, s.find_first_of(set));
+  s.remove_prefix(front.size());
+  return front;
 }
 
-namespace {
-bool IsLineEnd(char c) { return c == '\r' || c == '\n'; }
-}  // namespace
-
-// Parses one item of a line starting at pos; leaves pos after the item's comma
-// (more = true) or at the line's end (more = false).
-ListItem ListReader::ParseItem(std::string_view line, size_t& pos, bool& more) const {
+// Takes the item at the front of a line off it, with the comma after the item; `more` tells whether
+// there was one.
+ListItem ParseItem(std::string_view& line, bool& more) {
   ListItem item;
-  while (pos < line.size() && (line[pos] == ' ' || line[pos] == '\t')) ++pos;
-  if (pos < line.size() && line[pos] == '"') {
+  SkipAll(line, kBlanks);
+  if (line.starts_with('"')) {
     item.quoted = true;
-    const size_t close = line.find('"', pos + 1);
-    if (close == std::string_view::npos) {
-      item.text = std::string(line.substr(pos + 1));
-      pos = line.size();
-    } else {
-      item.text = std::string(line.substr(pos + 1, close - pos - 1));
-      pos = close + 1;
-    }
+    line.remove_prefix(1);
+    item.text = TakeUntil(line, "\"");
     // Whatever stands between the closing quote and the next comma is passed over.
-    const size_t comma = line.find(',', pos);
-    if (comma == std::string_view::npos) {
-      pos = line.size();
-      more = false;
-    } else {
-      pos = comma + 1;
-      more = true;
-    }
-    return item;
+    TakeUntil(line, ",");
+  } else {
+    const std::string_view raw = TakeUntil(line, ",");
+    item.text = raw.substr(0, raw.find_last_not_of(kBlanks) + 1);
   }
-  const size_t comma = line.find(',', pos);
-  const size_t end = comma == std::string_view::npos ? line.size() : comma;
-  std::string_view raw = line.substr(pos, end - pos);
-  while (!raw.empty() && (raw.back() == ' ' || raw.back() == '\t')) raw.remove_suffix(1);
-  item.text = std::string(raw);
-  more = comma != std::string_view::npos;
-  pos = more ? comma + 1 : line.size();
+  more = line.starts_with(',');
+  SkipOne(line, ',');
   return item;
 }
 
+}  // namespace
+
+bool ListReader::Eof() const { return Rest().find_first_not_of(" \t\r\n") == std::string_view::npos; }
+
 std::vector<ListItem> ListReader::ReadLine() {
-  if (pos_ >= content_.size()) throw RuntimeError(errInputPastEnd);
-  size_t end = pos_;
-  while (end < content_.size() && !IsLineEnd(content_[end])) ++end;
-  const std::string_view line(content_.data() + pos_, end - pos_);
+  std::string_view rest = Rest();
+  if (rest.empty()) throw RuntimeError(errInputPastEnd);
+  std::string_view line = TakeUntil(rest, kLineEnds);
   // A line ends with CR LF, a lone CR or a lone LF.
-  size_t next = end;
-  if (next < content_.size() && content_[next] == '\r') ++next;
-  if (next < content_.size() && content_[next] == '\n') ++next;
-  pos_ = next;
+  SkipOne(rest, '\r');
+  SkipOne(rest, '\n');
+  Leave(rest);
 
   std::vector<ListItem> items;
-  size_t p = 0;
   bool more = true;
-  while (more) {
-    items.push_back(ParseItem(line, p, more));
-  }
+  while (more) items.push_back(ParseItem(line, more));
   if (items.size() == 1 && !items.front().quoted && items.front().text.empty()) items.clear();
   return items;
 }
 
 ListItem ListReader::ReadItem() {
-  // Skip line ends and blanks ahead of the item.
-  while (pos_ < content_.size() && (IsLineEnd(content_[pos_]) || content_[pos_] == ' ' || content_[pos_] == '\t'))
-    ++pos_;
-  if (pos_ >= content_.size()) throw RuntimeError(errInputPastEnd);
-  size_t end = pos_;
-  // A quoted string may not cross a line end; find the end of this item's line.
-  while (end < content_.size() && !IsLineEnd(content_[end])) ++end;
-  const std::string_view rest(content_.data() + pos_, end - pos_);
-  size_t p = 0;
+  std::string_view rest = Rest();
+  SkipAll(rest, " \t\r\n");  // line ends and blanks ahead of the item
+  if (rest.empty()) throw RuntimeError(errInputPastEnd);
+  // A quoted string may not cross a line end: the item is read from its own line.
+  std::string_view line = rest.substr(0, rest.find_first_of(kLineEnds));
+  const size_t lineSize = line.size();
   bool more = false;
-  ListItem item = ParseItem(rest, p, more);
-  pos_ += p;
+  ListItem item = ParseItem(line, more);
+  rest.remove_prefix(lineSize - line.size());
   // The item's delimiter is consumed with it: a comma, or the line's end.
   if (!more) {
-    if (pos_ < content_.size() && content_[pos_] == '\r') ++pos_;
-    if (pos_ < content_.size() && content_[pos_] == '\n') ++pos_;
+    SkipOne(rest, '\r');
+    SkipOne(rest, '\n');
   }
+  Leave(rest);
   return item;
 }
 

@@ -49,9 +49,11 @@ class ListReader {
   std::vector<ListItem> ReadLine();
 
  private:
-  ListItem ParseItem(std::string_view line, size_t& pos, bool& more) const;
+  // What is left to read, and how much of it the last read left.
+  std::string_view Rest() const { return std::string_view(content_).substr(pos_); }
+  void Leave(std::string_view rest) { pos_ = content_.size() - rest.size(); }
   std::string content_;
-  size_t pos_ = 0;
+  size_t pos_{};
 };
 
 }  // namespace sw
