@@ -136,9 +136,9 @@ void CommandListDialog::cmbKey_LostFocus(int16_t i) {
   if (c.text.empty()) c.text = c.tag;
 }
 
+// nIndex is an item of the list, which the window only offers to pick.
 void CommandListDialog::cmbProfile_Click(int16_t nIndex) {
   OptionProfile& op = opts.Current();
-  if (nIndex < 0 || static_cast<size_t>(nIndex) + 1 >= op.cpProfile.size()) return;
   if (op.nProfile == 0) {
     shell.ShowMsg("Do you want to save your current temporary control profile before selecting a new one?",
                   MsgButtons::YesNo, "Select New Profile", "powerup2.mp3");

@@ -110,6 +110,13 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
                   a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit.Code()}),
             Ints({1, 2, 490, 1, 1, 0}));
   EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
+  // A cell is 499 twips in the window's arithmetic; the height adds the information bar and the frame. The
+  // window is never narrower than its information bar needs.
+  EXPECT_EQ(a.w.windowTw, Ints({11976, 8856, 11976}));
+  EXPECT_EQ(a.w.gridTw, Ints({24, 14, 11976, 6986}));
+  a.sw.game.gnMapCols = 19;
+  a.sw.engine.SetSize();
+  EXPECT_EQ(a.w.windowTw, Ints({9555, 8856, 9555}));
 
   // Once the lists are there, the start says nothing and shows the best score of the player's difficulty.
   a.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 5000;

@@ -76,9 +76,16 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
     review.Key(key);
     EXPECT_EQ(b.w.announced.back(), said);
   }
-  b.Set(At(0, 0), {At(3, 4)});
-  review.Key(ReviewKey::Left);
-  EXPECT_EQ(b.w.announced.back(), "edge, Whisk at 1, 1");
+  // At each of the four edges of the map the cursor stays where it is.
+  const std::pair<CoordPair, ReviewKey> edges[] = {{At(0, 0), ReviewKey::Up},
+                                                   {At(23, 13), ReviewKey::Right},
+                                                   {At(23, 13), ReviewKey::Down},
+                                                   {At(0, 0), ReviewKey::Left}};
+  for (const auto& [whisk, key] : edges) {
+    b.Set(whisk, {At(3, 4)});
+    review.Key(key);
+    EXPECT_EQ(b.w.announced.back(), "edge, Whisk at " + CellNumbers(whisk));
+  }
   b.g.gbGameOn = false;  // a game lost: the dead mouse stays until the next game
   b.g.gnReconnects = -1;
   review.Key(ReviewKey::Whisk);

@@ -118,6 +118,15 @@ TEST(NetLagTest, LinkCostsTiersAndTheTimeoutTrap) {
     EXPECT_EQ(std::make_pair(b.Caption(Label::lblNetLag), b.w.bar.Value), std::make_pair(std::string(l.text), l.value));
     EXPECT_EQ(LagTierWord(b.w.bar), l.word);
   }
+  // The tier is chosen by the lag after its fall: 0 to 2 blue, 3 to 6 yellow, 7 to 12 red, then the timeout.
+  const std::pair<int16_t, const char*> tiers[] = {{0, "0 blue"}, {2, "2 blue"}, {3, "1 yellow"},  {6, "4 yellow"},
+                                                   {7, "1 red"},  {12, "6 red"}, {13, "X timeout"}};
+  for (auto [lag, shown] : tiers) {
+    Board b;
+    b.g.gnLag = static_cast<int16_t>(lag + 1);
+    b.eng.LagDown();
+    EXPECT_EQ(b.Caption(Label::lblNetLag) + " " + LagTierWord(b.w.bar), shown);
+  }
   // In the timeout the lag no longer falls and a link is refused: a move counted, the no-link bonus lost.
   Board b(2, At(10, 6), {kFar});
   b.g.gnLag = 14;

@@ -25,10 +25,11 @@ class FakeWindow : public IMainWindow {
   Picture cells[64][64]{};  // the board as drawn: [col][row]
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
-  ProgBarState bar;             // the lag bar as last shown
-  int16_t cellTw = 0;           // SetGridLayout
-  int ended = 0;                // EndProgram calls
-  std::vector<Dialog> dialogs;  // dialogs shown, in order
+  ProgBarState bar;                   // the lag bar as last shown
+  int16_t cellTw = 0;                 // SetGridLayout
+  std::vector<int> windowTw, gridTw;  // SetWindowSize: width, height, bar width; SetGridLayout: cols, rows, size
+  int ended = 0;                      // EndProgram calls
+  std::vector<Dialog> dialogs;        // dialogs shown, in order
   // What the player does in a dialog while it is shown (nothing: it is simply closed).
   std::function<void(Dialog)> onDialog;
   std::vector<ShownMsg> messages;
@@ -46,8 +47,11 @@ class FakeWindow : public IMainWindow {
     if (nCol >= 0 && nCol < 64 && nRow >= 0 && nRow < 64) cells[nCol][nRow] = pic;
   }
   void Refresh() override {}
-  void SetWindowSize(int32_t, int32_t, int32_t) override {}
-  void SetGridLayout(int16_t, int16_t, int32_t, int32_t, int16_t cell, bool) override { cellTw = cell; }
+  void SetWindowSize(int32_t w, int32_t h, int32_t bar) override { windowTw = {w, h, bar}; }
+  void SetGridLayout(int16_t cols, int16_t rows, int32_t w, int32_t h, int16_t cell, bool) override {
+    gridTw = {cols, rows, w, h};
+    cellTw = cell;
+  }
   void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
   void SetLabelForeColor(Label, uint32_t) override {}
