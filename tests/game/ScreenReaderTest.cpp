@@ -59,7 +59,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
 // the viruses nearest first, and goes back to Whisk once Whisk has moved.
 TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
   Board b;
-  b.Set(At(5, 5), {At(3, 4), At(5, 9)}, {At(6, 5)});
+  b.Set(At(5, 5), {At(3, 4), At(9, 1)}, {At(6, 5)});
   Review& review = b.sw.review;
   const std::pair<ReviewKey, const char*> steps[] = {
       {ReviewKey::Right, "infected server, 1 right"},
@@ -69,7 +69,7 @@ TEST(ReviewTest, KeysReadTheCellsAroundWhisk) {
       {ReviewKey::Left, "empty, 1 down"},
       {ReviewKey::Whisk, "Whisk at 6, 6"},
       {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
-      {ReviewKey::NearestVirus, "virus, 4 down"},
+      {ReviewKey::NearestVirus, "virus, 4 up 4 right"},
       {ReviewKey::NearestVirus, "virus, 1 up 2 left"},
   };
   for (const auto& [key, said] : steps) {
