@@ -14,7 +14,7 @@
 # (BINDIR, PROGRAM-DIR, DATA-DIR and MANDIR relative to the prefix)
 set -euo pipefail
 build=$1 bindir=$2 programdir=$3 datadir=$4 src=$5 version=$6 id=$7 configured=$8 mandir=$9 date=${10}
-. "$(dirname "$0")/../support/xvfb.sh"
+. "$(dirname "$0")/../../scripts/xvfb"
 x_work
 prefix=$work/first
 cmake --install "$build" --prefix "$prefix" --component skitterweb >"$work/install.log" 2>&1 ||

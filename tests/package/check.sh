@@ -10,7 +10,7 @@
 set -euo pipefail
 deb=$(readlink -f "$1") manifest=$2
 here=$(cd "$(dirname "$0")" && pwd)
-. "$here/../support/xvfb.sh"
+. "$here/../../scripts/xvfb"
 
 sudo=$([ "$(id -u)" = 0 ] || echo sudo)
 [ -z "$sudo" ] || command -v sudo >/dev/null || x_fail "installing the package needs root (or sudo): cannot check it here"

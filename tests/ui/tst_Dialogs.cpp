@@ -74,7 +74,7 @@ class TestDialogs : public QObject {
     }
   }
 
-  // Under a real window manager (the framed_frmMsgBox test runs this one under tests/support/xvfb.sh
+  // Under a real window manager (the framed_frmMsgBox test runs this one under scripts/xvfb
   // --wm) the box's outer size, title bar and borders included, is the layout's, and a long title fits
   // its title bar.
   void framedMsgBox() {

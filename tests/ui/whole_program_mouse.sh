@@ -4,7 +4,7 @@
 # the key of that step and Whisk's move.
 #   whole_program_mouse.sh PATH-TO-skitterweb SEEDS-DIR
 set -euo pipefail
-. "$(dirname "$0")/../support/xvfb.sh"
+. "$(dirname "$0")/../../scripts/xvfb"
 x_server
 x_work
 # Sound off, the debug log on, empty lists: a quiet start, with no box in the way.

@@ -5,7 +5,7 @@
 #   dbus-run-session -- whole_program_screen_reader.sh PROGRAM [SEEDS-DIR [SCRIPT]]
 set -euo pipefail
 here=$(dirname "$0") script=${3:-screen_reader.py}
-. "$here/../support/xvfb.sh"
+. "$here/../../scripts/xvfb"
 x_server
 x_accessibility
 x_work

@@ -7,7 +7,7 @@
 #   whole_program_start_end.sh PROGRAM SEEDS-DIR [STARTS]
 set -euo pipefail
 game=$1 seeds=$2 starts=${3:-10}
-. "$(dirname "$0")/../support/xvfb.sh"
+. "$(dirname "$0")/../../scripts/xvfb"
 x_server
 x_work
 typed=0 signals=(TERM INT HUP)
