@@ -187,8 +187,7 @@ void Game::PlacePlayer() {
 
   const CoordPair ctOld = game.gctPlayerPos;
   // The link rule needs a cell to keep away from; a mouse that is nowhere has none.
-  const bool bOldOnMap =
-      ctOld.nCol >= 0 && ctOld.nCol < game.gnMapCols && ctOld.nRow >= 0 && ctOld.nRow < game.gnMapRows;
+  const bool bOldOnMap = game.OnMap(ctOld);
   for (;;) {
     const CoordPair ct = RandomCell();
     if (game.gbLinkOn && bOldOnMap && std::abs(ct.nRow - ctOld.nRow) < 2 && std::abs(ct.nCol - ctOld.nCol) < 2)

@@ -42,7 +42,7 @@ CoordPair Game::RandomCell() {
 }
 
 int16_t Game::IsOnMap(const CoordPair& ct) {
-  const int16_t on = (ct.nCol >= 0 && ct.nCol < game.gnMapCols && ct.nRow >= 0 && ct.nRow < game.gnMapRows) ? -1 : 0;
+  const int16_t on = game.OnMap(ct) ? -1 : 0;
   if (dbg.On()) dbg.DebugWrite(Trace("IsOnMap").In("ct", ct.Text()).Ret("IsOnMap", on));
   return on;
 }
@@ -117,7 +117,7 @@ int16_t Game::CanVirusEnter(const CoordPair& ctPos, int16_t nVirus) {
 
 void Game::DrawCell(const CoordPair& ct, Picture pic) {
   // Nowhere (-1, -1) has no cell to draw.
-  if (ct.nCol < 0 || ct.nRow < 0 || ct.nCol >= game.gnMapCols || ct.nRow >= game.gnMapRows) return;
+  if (!game.OnMap(ct)) return;
   frmMain.SetCellPicture(ct.nCol, ct.nRow, pic);
 }
 

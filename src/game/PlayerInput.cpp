@@ -80,10 +80,6 @@ PlayerInput::PlayerInput(const GameState& game, const Options& opts, DebugLog& d
                          IMainWindow& frmMain)
     : game(game), opts(opts), dbg(dbg), shell(shell), news(news), frmMain(frmMain) {}
 
-bool PlayerInput::OnBoard(const CoordPair& ct) const {
-  return ct.nCol >= 0 && ct.nRow >= 0 && ct.nCol < game.gnMapCols && ct.nRow < game.gnMapRows;
-}
-
 int16_t PlayerInput::KeyOf(Command cmd) const { return KeyOfCommand(opts.CurrentKeys(), cmd); }
 
 void PlayerInput::Form_KeyPress(int16_t KeyAscii) {
@@ -92,13 +88,13 @@ void PlayerInput::Form_KeyPress(int16_t KeyAscii) {
 }
 
 void PlayerInput::grdMap_MouseMove(const CoordPair& ct) {
-  ctHover_ = OnBoard(ct) ? ct : CoordPair{};
+  ctHover_ = game.OnMap(ct) ? ct : CoordPair{};
   Update();
 }
 
 void PlayerInput::grdMap_MouseUp(int16_t Button, const CoordPair& ct) {
   // Dropped, as a key is, while no command may be given.
-  if (Button != 1 || !OnBoard(ct) || !Ready()) return;
+  if (Button != 1 || !game.OnMap(ct) || !Ready()) return;
   ctHover_ = ct;
   try {
     Give(Trace("frmMain.grdMap_MouseUp").In("Button", Button).In("ctCell", ct.Text()),
@@ -150,7 +146,7 @@ void PlayerInput::Update() noexcept {
   Direction nDir = Direction::None;
   CoordPair ctOutline;
   try {
-    if (Ready() && OnBoard(ctHover_) && OnBoard(game.gctPlayerPos)) {
+    if (Ready() && game.OnMap(ctHover_) && game.OnMap(game.gctPlayerPos)) {
       const Direction dir = DirectionToward(game.gctPlayerPos, ctHover_);
       // A step that no key gives is no step a click can take.
       if (KeyOf(StepCommand(dir)) != 0) {

@@ -64,7 +64,6 @@ class PlayerInput {
  private:
   // A command may be given now: a game is on and no pause or wait holds it.
   bool Ready() const { return game.gbGameOn && !game.Busy(); }
-  bool OnBoard(const CoordPair& ct) const;
   // The key that gives cmd in the current profile; 0 when none does.
   int16_t KeyOf(Command cmd) const;
   // Writes the trace of what gave a command, then runs its key (nothing more when it has none).

@@ -99,7 +99,7 @@ void Review::Key(ReviewKey key) {
       if (key == ReviewKey::Right) ++next.nCol;
       if (key == ReviewKey::Up) --next.nRow;
       if (key == ReviewKey::Down) ++next.nRow;
-      if (next.nCol < 0 || next.nRow < 0 || next.nCol >= game.gnMapCols || next.nRow >= game.gnMapRows)
+      if (!game.OnMap(next))
         prefix = "edge, ";
       else
         cursor_ = next;

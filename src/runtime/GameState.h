@@ -115,6 +115,10 @@ struct GameState {
 
   // True while a pause runs or Wait is in force: no turn may start now.
   bool Busy() const { return gbSleepOn || gbWaitOn; }
+  // A cell of the map; (-1, -1), nowhere, is none.
+  bool OnMap(const CoordPair& ct) const {
+    return ct.nCol >= 0 && ct.nCol < gnMapCols && ct.nRow >= 0 && ct.nRow < gnMapRows;
+  }
 };
 
 }  // namespace sw

@@ -37,7 +37,6 @@ void FileFailed(DebugLog& dbg, Shell& shell, const std::string& szProc, const Ru
 
 std::string HighScores::PlainText() const {
   std::string text;
-  text.reserve(80 * 16);
   for (int nType = kPersonal; nType <= kAllTime; ++nType)
     for (int nDiff = 1; nDiff <= 4; ++nDiff)
       for (int nSlot = 1; nSlot <= 10; ++nSlot) {
