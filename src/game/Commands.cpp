@@ -149,14 +149,14 @@ bool Game::LinkCommand() {
   return true;
 }
 
-int16_t Game::MovePlayer(const CoordPair& ctPlayerIn) {
+Flag Game::MovePlayer(const CoordPair& ctPlayerIn) {
   const CoordPair ctPlayer = ctPlayerIn;
-  int16_t bSuccessful = 0;
+  Flag bSuccessful = false;
   DeathCause nCause{};  // none
   if (CheckDownServers(ctPlayer) == 0 && IsOnMap(ctPlayer)) {
     if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
     game.gctPlayerPos = ctPlayer;
-    bSuccessful = -1;
+    bSuccessful = true;
     // An infected server is tested first: a cell with both counts as infected.
     if (CheckInfected(game.gctPlayerPos) != 0) {
       nCause = game.gbLinkOn ? kLinkedOntoInfected : kWalkedOntoInfected;

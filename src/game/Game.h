@@ -82,7 +82,7 @@ class Game {
   void Form_KeyPress(int16_t KeyAscii);
   // Carries out one command; false when it ended early (no exit trace).
   bool DoCommand(Command cmd);
-  int16_t MovePlayer(const CoordPair& ctPlayer);
+  Flag MovePlayer(const CoordPair& ctPlayer);
   void PlacePlayer();
 
   // ---- viruses

@@ -237,7 +237,7 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
   if (shell.Refused()) return;
   Run("frmMain.menStartSiteNum_Click", [this, Index] {
     OptionProfile& op = opts.Current();
-    int16_t bNewGame = -1;
+    Flag bNewGame = true;
     if (!game.gbGameInit) {
       if (Index == op.nStartSite) {
         frmMain.SetMenuChecked(StartSiteItem(Index), true);
@@ -247,7 +247,7 @@ void MainMenu::menStartSiteNum_Click(int16_t Index) {
         shell.ShowMsg("Would you like to abandon your current game and start a new one with " +
                           NumText(int64_t{Index}) + " sites already hit?",
                       MsgButtons::YesNo, "Change Starting Site Number", "comp-abort game.mp3");
-        bNewGame = shell.gnMsgReturn == MsgAnswer::Yes ? -1 : 0;
+        bNewGame = shell.gnMsgReturn == MsgAnswer::Yes;
       }
       shell.PlaySound("comp-option change.mp3");
     }

@@ -16,7 +16,7 @@ bool IsBlank(char c) { return c == ' ' || c == '\t' || c == '\n' || c == '\r'; }
 
 std::string GFormat(double v, int digits) {
   if (std::isnan(v)) return "NaN";
-  if (std::isinf(v)) return v > 0 ? "Infinity" : "-Infinity";
+  if (std::isinf(v)) return std::signbit(v) ? "-Infinity" : "Infinity";
   if (v == 0.0) return "0";
   char buf[64];
   std::snprintf(buf, sizeof buf, "%.*G", digits, v);
