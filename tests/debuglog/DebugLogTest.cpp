@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <regex>
 
 #include "Version.h"
 #include "game/Board.h"
@@ -147,6 +148,8 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
                     "     --> score is also reset to 0.  gnGameNum=50"})
     EXPECT_NE(log.find("\n" + l + "\r\n"), std::string::npos) << l;
   EXPECT_NE(log.find(placed + " }\r\n"), std::string::npos) << placed;
+  // A cell is traced by CheckVirus or CheckInfected only when one stands on it.
+  EXPECT_FALSE(std::regex_search(log, std::regex(R"(\{\{ Check(Virus|Infected) \}\}[^\r]*index=0\r)")));
 }
 
 }  // namespace

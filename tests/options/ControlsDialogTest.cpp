@@ -61,6 +61,8 @@ TEST(ControlsDialog, TypedAndPickedKeysAreSwappedNeverDuplicated) {
     EXPECT_EQ(c.d.cmbKey[kLink].text + std::to_string(c.d.GetCmbKey(kLink)), "E101");
     c.d.cmbKey_Change(kWait, "Enter");  // typed as the list names it
     EXPECT_EQ(c.d.GetCmbKey(kWait), 13);
+    c.d.cmbKey_Change(kLink, "", 0);  // the list's first item, Enter, taken from Wait
+    EXPECT_EQ(c.d.cmbKey[kLink].text + c.d.cmbKey[kWait].text, "EnterE");
     c.d.cmbKey_Change(kWait, "", 4);  // "Tab", its last
     c.d.cmbKey_Change(kLink, " ");    // a blank is the Space item (stored as 32, below)
     c.d.cmbKey_Change(kUp, "");       // an empty text is left alone, and leaving puts the key back
