@@ -154,7 +154,7 @@ Flag Game::MovePlayer(const CoordPair& ctPlayerIn) {
   Flag bSuccessful = false;
   DeathCause nCause{};  // none
   if (CheckDownServers(ctPlayer) == 0 && IsOnMap(ctPlayer)) {
-    if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
+    DrawCell(game.gctPlayerPos, Picture::None);  // a mouse that is nowhere has no cell to clear
     game.gctPlayerPos = ctPlayer;
     bSuccessful = true;
     // An infected server is tested first: a cell with both counts as infected.

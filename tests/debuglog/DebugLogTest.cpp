@@ -114,14 +114,17 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   b.sw.session.DebugOpen(true, true);
   for (char key : {'8', '+', 'z'}) b.Key(key);
   b.g.gnGameNum = 49;
-  b.eng.StartGame();  // the 50th game closes and reopens the log for appending
+  // The 50th game closes the log and opens it again for appending: a log moved away meanwhile starts anew.
+  std::filesystem::rename(DebugLog::kFileName, "moved.log");
+  b.eng.StartGame();
+  ASSERT_TRUE(std::filesystem::exists(DebugLog::kFileName));
   // The viruses placed: seven, in one list.
   std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";
   for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
   b.Set(At(5, 5), {At(7, 5)}, {At(6, 5)});  // the last virus steps onto an infected server
   b.Key('5');
   b.sw.dbg.DebugExit();
-  const std::string log = Slurp(DebugLog::kFileName);
+  const std::string log = Slurp("moved.log") + Slurp(DebugLog::kFileName);
   const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
   // Whole lines: a bound key, a link and an unbound key (the entry line and the comment, nothing more), a move, a new
   // layout, crashes in one call (which share one start mark), the fiftieth game, a virus on an infected server.
