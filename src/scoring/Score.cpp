@@ -28,9 +28,7 @@ void Score::InitTables() {
 }
 
 void Score::InitScore() {
-  InitTables();
-  game.gbScoreNoLinkSite = true;
-  game.gnMoveCount = 0;
+  InitTables();  // the move count and the no-link mark start anew with each site
   if (dbg.On()) dbg.DebugWrite(Trace("InitScore").Var("gnScoreMesgNum", gnScoreMesgNum));
   SetPoints();
 }
