@@ -41,13 +41,6 @@ int16_t ControlProfile::*KeyField(const std::string& key) {
   return nullptr;
 }
 
-// Element i of a table, or "Subscript out of range" (9).
-template <class T>
-T& At(std::vector<T>& v, int64_t i) {
-  if (i < 0 || static_cast<uint64_t>(i) >= v.size()) throw RuntimeError(errSubscript);
-  return v[static_cast<size_t>(i)];
-}
-
 // The upper bound of a control-profile list; a record skipped by a gap has no list at all.
 int16_t UpperBound(const std::vector<ControlProfile>& cp) {
   if (cp.empty()) throw RuntimeError(errSubscript);
@@ -100,8 +93,8 @@ void OptionsFile::Load(const std::function<std::string()>& read) {
       const double number = value.Number();
       const Flag flag = value.IsNumeric() && number != 0.0;
       auto integer = [&] { return CInt(number); };
-      auto record = [&]() -> OptionProfile& { return At(opts.gopOpts, nRec); };
-      auto profile = [&]() -> ControlProfile& { return At(record().cpProfile, nCP); };
+      auto record = [&]() -> OptionProfile& { return Element(opts.gopOpts, nRec); };
+      auto profile = [&]() -> ControlProfile& { return Element(record().cpProfile, nCP); };
 
       if (key == "Version") {
       } else if (key == "LastOption") {

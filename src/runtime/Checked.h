@@ -3,6 +3,7 @@
 // raises the run-time error "Overflow" (6), as the classic runtime does.
 #include <cstdint>
 #include <limits>
+#include <vector>
 
 #include "runtime/RuntimeError.h"
 
@@ -27,6 +28,13 @@ inline int16_t Mul16(int16_t a, int16_t b) { return I16(int64_t{a} * b); }
 inline int32_t Add32(int32_t a, int32_t b) { return I32(int64_t{a} + b); }
 inline int32_t Sub32(int32_t a, int32_t b) { return I32(int64_t{a} - b); }
 inline int32_t Mul32(int32_t a, int32_t b) { return I32(int64_t{a} * b); }
+
+// Element i of a list, or "Subscript out of range" (9), as the classic runtime's arrays give it.
+template <class List>
+auto& Element(List& v, int64_t i) {
+  if (i < 0 || static_cast<uint64_t>(i) >= v.size()) throw RuntimeError(errSubscript);
+  return v[static_cast<size_t>(i)];
+}
 
 // Rounds to the nearest whole number, halves to the even neighbour (banker's rounding).
 double RoundHalfEven(double v);

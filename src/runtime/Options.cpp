@@ -82,11 +82,7 @@ const Setting* SettingFor(const std::string& key) {
 
 Options::Options() { ResetToGuest(); }
 
-OptionProfile& Options::Current() {
-  const int32_t i = CLng(gnOpt);
-  if (i < 0 || static_cast<size_t>(i) >= gopOpts.size()) throw RuntimeError(errSubscript);
-  return gopOpts[static_cast<size_t>(i)];
-}
+OptionProfile& Options::Current() { return Element(gopOpts, CLng(gnOpt)); }
 
 const OptionProfile& Options::Current() const { return const_cast<Options*>(this)->Current(); }
 
@@ -106,8 +102,7 @@ int16_t Options::CheckedDiff() const {
 
 const ControlProfile& Options::CurrentKeys() const {
   const OptionProfile& op = Current();
-  if (op.nProfile < 0 || static_cast<size_t>(op.nProfile) >= op.cpProfile.size()) throw RuntimeError(errSubscript);
-  return op.cpProfile[static_cast<size_t>(op.nProfile)];
+  return Element(op.cpProfile, op.nProfile);
 }
 
 void Options::InitControlProfiles(std::vector<ControlProfile>& cpProfile) {
