@@ -12,8 +12,7 @@ DebugMarkDialog::DebugMarkDialog(Options& opts, DebugLog& dbg, IMainWindow& frmM
 void DebugMarkDialog::Show() {
   bShown = true;
   Form_Activate();
-  frmMain.ShowDialog(Dialog::frmDebugMark);
-  bShown = false;
+  frmMain.ShowDialog(Dialog::frmDebugMark);  // back once its own buttons have closed it
 }
 
 void DebugMarkDialog::Form_Activate() {

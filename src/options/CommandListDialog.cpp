@@ -52,8 +52,7 @@ void CommandListDialog::Show() {
   bSaveEnabled = false;
   Form_Activate();
   bShown = true;
-  frmMain.ShowDialog(Dialog::frmCommandList);
-  bShown = false;
+  frmMain.ShowDialog(Dialog::frmCommandList);  // back once its own buttons have closed it
 }
 
 void CommandListDialog::Form_Activate() {

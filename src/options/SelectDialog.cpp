@@ -26,8 +26,7 @@ void SelectDialog::Show(const std::string& szTitle, const std::vector<std::strin
   cmbItems = items;
   Form_Load();
   bShown = true;
-  frmMain.ShowDialog(Dialog::frmSelect);
-  bShown = false;
+  frmMain.ShowDialog(Dialog::frmSelect);  // back once its own buttons have closed it
 }
 
 void SelectDialog::Form_Load() {

@@ -8,6 +8,7 @@
 #include <csignal>
 #include <cstdio>
 #include <filesystem>
+#include <limits>
 #include <string_view>
 
 #include "runtime/RuntimeError.h"
@@ -32,41 +33,42 @@ void WriteAll(int fd, std::string_view bytes) {
 
 }  // namespace
 
-std::string ReadWholeFile(const std::string& name) {
+namespace {
+
+// The whole of a regular file no bigger than maxBytes.
+std::string ReadFile(const std::string& name, off_t maxBytes) {
   if (name.empty()) throw RuntimeError(errBadFileName);
-  const int fd = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
+  // Opened without waiting: a named pipe in the file's place is refused, not waited on.
+  const int fd = ::open(name.c_str(), O_RDONLY | O_NONBLOCK | O_CLOEXEC);
   if (fd == -1) throw RuntimeError::FromErrno(errno);
-  struct stat st {};
-  if (::fstat(fd, &st) == 0 && S_ISDIR(st.st_mode)) {
-    ::close(fd);
-    throw RuntimeError(errPathFileAccess);
-  }
   std::string out;
-  char buf[BUFSIZ];
-  for (;;) {
-    const ssize_t n = ::read(fd, buf, sizeof buf);
-    if (n == -1) {
-      if (errno == EINTR) continue;
-      const int err = errno;
-      ::close(fd);
-      throw RuntimeError::FromErrno(err);
+  try {
+    struct stat st {};
+    if (::fstat(fd, &st) != 0) throw RuntimeError::FromErrno(errno);
+    if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
+    if (st.st_size > maxBytes) throw RuntimeError(7);  // "Out of memory"
+    char buf[BUFSIZ];
+    for (ssize_t n; (n = ::read(fd, buf, sizeof buf)) != 0;) {
+      if (n == -1) {
+        if (errno == EINTR) continue;
+        throw RuntimeError::FromErrno(errno);
+      }
+      out.append(buf, static_cast<size_t>(n));
     }
-    if (n == 0) break;
-    out.append(buf, static_cast<size_t>(n));
+  } catch (...) {
+    ::close(fd);
+    throw;
   }
   ::close(fd);
   return out;
 }
 
-std::string ReadDataFile(const std::string& name) {
-  // A real options or webmaster file is a few kilobytes; anything this big is not one.
-  constexpr off_t kMaxFileBytes = 16 * 1024 * 1024;
-  struct stat st {};
-  if (::stat(name.c_str(), &st) != 0) throw RuntimeError::FromErrno(errno);
-  if (!S_ISREG(st.st_mode)) throw RuntimeError(errPathFileAccess);
-  if (st.st_size > kMaxFileBytes) throw RuntimeError(7);  // "Out of memory"
-  return ReadWholeFile(name);
-}
+}  // namespace
+
+std::string ReadWholeFile(const std::string& name) { return ReadFile(name, std::numeric_limits<off_t>::max()); }
+
+// A real options or webmaster file is a few kilobytes; anything this big is not one.
+std::string ReadDataFile(const std::string& name) { return ReadFile(name, off_t{16} * 1024 * 1024); }
 
 namespace {
 

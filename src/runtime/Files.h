@@ -7,7 +7,8 @@
 
 namespace sw {
 
-// The whole file as bytes ("Open ... For Binary", read its length).
+// The whole file as bytes ("Open ... For Binary", read its length); a name that is
+// not a regular file raises 75.
 std::string ReadWholeFile(const std::string& name);
 // The whole of one of the game's own data files (options, webmaster lists): a
 // name that is not a regular file raises 75, and a file too big to be one

@@ -40,8 +40,7 @@ void HighScoreDialog::ShowHighScores(int16_t nTypeShown, int16_t nDiffShown) {
   nDiff = nDiffShown;
   bShown = true;
   Form_Load();
-  frmMain.ShowDialog(Dialog::frmHighScore);
-  bShown = false;
+  frmMain.ShowDialog(Dialog::frmHighScore);  // back once its own buttons have closed it
 }
 
 void HighScoreDialog::Form_Load() {

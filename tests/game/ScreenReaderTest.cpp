@@ -25,13 +25,15 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
     char key;
     int16_t reconnects;
     const char* news;
+    Cells infected = {};  // servers infected before the turn
   } cases[] = {
       {"move", {At(10, 5), At(5, 12)}, '6', 2, "Whisk at 7, 6. 2 viruses, nearest 3 right, then 6 down."},
       {"a third dies on the server",
        {At(8, 5), At(8, 5), At(8, 5), At(20, 13)},
        '5',
        2,
-       "1 crash. 1 virus died on an infected server. 1 virus, nearest 7 down 14 right."},
+       "1 crash. 1 virus died on an infected server. 1 virus, nearest 7 down 14 right.",
+       {At(0, 0)}},
       {"two such",
        {At(8, 5), At(8, 5), At(8, 5), At(8, 2), At(8, 2), At(8, 2), At(20, 13)},
        '5',
@@ -45,7 +47,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
   };
   for (const auto& c : cases) {
     SCOPED_TRACE(c.name);
-    Board b(2, At(5, 5), c.viruses);
+    Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnReconnects = c.reconnects;
     b.sw.news.Form_KeyPress(c.key);
     ASSERT_EQ(b.w.announced.size(), *c.news ? 1u : 0u);
