@@ -42,8 +42,8 @@ void SelectDialog::cmbSelect_Change(const std::string& text) {
   nListIndex = -1;
 }
 
+// nIndex is an item of the list: the window passes only one it shows.
 void SelectDialog::cmbSelect_Click(int16_t nIndex) {
-  if (nIndex < 0 || static_cast<size_t>(nIndex) >= cmbItems.size()) return;
   nListIndex = nIndex;
   cmbText = cmbItems[static_cast<size_t>(nIndex)];
 }

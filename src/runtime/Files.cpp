@@ -19,8 +19,7 @@ namespace {
 
 void WriteAll(int fd, std::string_view bytes) {
   // Past a file-size limit a write must fail with an error, not kill the game.
-  static const bool bIgnoreFileSizeSignal = [] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR; }();
-  (void)bIgnoreFileSizeSignal;
+  [[maybe_unused]] static const auto previous = ::signal(SIGXFSZ, SIG_IGN);
   while (!bytes.empty()) {
     const ssize_t n = ::write(fd, bytes.data(), bytes.size());
     if (n == -1) {

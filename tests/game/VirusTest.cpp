@@ -131,6 +131,16 @@ TEST(SiteEndTest, WonSiteShowsBonusesThenQueuedReconnectsThenSiteHitAndOverflows
   EXPECT_EQ(h.sc.glScore, 75 + 75 + 500 + 625);  // the events' own points came before the overflow
 }
 
+// An error that breaks a Wait off ends the wait too: the next key plays.
+TEST(VirusTest, AnErrorInAWaitEndsTheWait) {
+  Board b(2, At(12, 5), {At(8, 4), At(8, 6), kFar});
+  b.g.gnInfectedCount = 32767;  // the crash at the first step overflows the count
+  b.g.gctInfectedPos.resize(32768);
+  b.Key('0');
+  EXPECT_EQ(b.w.Titles(), std::vector<std::string>{"Error: frmMain.Form_KeyPress"});
+  EXPECT_FALSE(b.g.gbWaitOn);
+}
+
 // A new virus never stands on the mouse, on any other virus (the first one too), nor off the map.
 TEST(VirusTest, NewVirusesKeepOffTheMouseAndEachOther) {
   Board b(2, At(5, 5), {At(1, 1), At(2, 2)});

@@ -175,10 +175,12 @@ TEST(ControlsDialog, CancelKeepsAProfilePickedWithoutChangingKeys) {
   c.Visit([&] {
     c.d.cmbKey_Change(kUp, "w");
     c.d.cmdOK_Click();
+    EXPECT_FALSE(c.d.bShown);
   });
   c.Visit([&] {
     c.d.cmbProfile_Click(2);
     c.d.cmdCancel_Click();
+    EXPECT_FALSE(c.d.bShown);  // Cancel closes the dialog, as Set does
   });
   EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, "3 Keyboard Right");
 }
@@ -193,6 +195,7 @@ TEST(SelectDialog, NothingChosenIsRefusedAndCancelChoosesNothing) {
     EXPECT_TRUE(s.bShown);
     s.cmbSelect_Change("other");  // a name from the list, then Cancel
     s.cmdCancel_Click();
+    EXPECT_FALSE(s.bShown);
   };
   s.Show("Pick", {"Other"});
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{
