@@ -28,7 +28,7 @@ const std::array<CommandField, 17>& FileKeyOrder() {
     std::array<CommandField, 17> a{};
     std::copy(std::begin(kCommandFields), std::end(kCommandFields), a.begin());
     std::sort(a.begin(), a.end(),
-              [](const CommandField& x, const CommandField& y) { return std::strcmp(x.name, y.name) < 0; });
+              [](const CommandField& x, const CommandField& y) { return std::string_view(x.name) < y.name; });
     return a;
   }();
   return order;

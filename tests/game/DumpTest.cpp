@@ -33,7 +33,8 @@ TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
       std::string::npos);
   for (const char* line :
        {"Link=43='+'", "Virus Live=2", "Points(events 1-8)=75, 500, 25, 50, 625, 1125, 125, 25",
-        "Linked On Current Site=0", "Lag Severity=2  (Color=red)", "Player Position=(3,5)",
+        "Linked On Current Site=0", "Extra Life Bonus(per difficulty)=2000, 10000, 25000, 60000",
+        "Score Modifier(per difficulty)=1, 5, 25, 150", "Lag Severity=2  (Color=red)", "Player Position=(3,5)",
         "     Virus #1 Position=(1,7)", "     Virus #2 Position=(12,20)", "     Infected #1 Position=(9,9)"})
     EXPECT_NE(dump.find("\n" + std::string(line) + "\r\n"), std::string::npos) << line;
   EXPECT_EQ(dump.find("\nMessage("), std::string::npos);
