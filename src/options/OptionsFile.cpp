@@ -2,9 +2,9 @@
 // saved control profiles are recognised by marker keys, not by nesting.
 #include <algorithm>
 #include <array>
-#include <cstring>
 #include <iterator>
 #include <new>
+#include <string_view>
 
 #include "debuglog/DebugLog.h"
 #include "debuglog/DebugSession.h"
