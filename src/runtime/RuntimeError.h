@@ -6,10 +6,8 @@
 namespace sw {
 
 enum ErrorNumber : int {
-  errInvalidCall = 5,
   errOverflow = 6,
   errSubscript = 9,
-  errTypeMismatch = 13,
   errBadFileName = 52,
   errFileNotFound = 53,
   errDeviceIO = 57,

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <cerrno>
 #include <cmath>
 
 #include "runtime/Checked.h"
@@ -46,6 +47,18 @@ TEST(Checked, SixteenBitOverflowAndCIntRounding) {
                                             {-3.5, -4}, {2.4999, 2}, {32767.4, 32767}, {-32768.5, -32768}};
   for (auto [v, n] : rounded) EXPECT_EQ(CInt(v), n) << v;
   for (double v : {32767.5, 40000.0, -32769.0, double(NAN)}) EXPECT_EQ(ErrorOf([v] { CInt(v); }), 6) << v;
+}
+
+// A failed file operation raises the classic error that says what went wrong; so do the runtime's own errors.
+TEST(RuntimeError, ErrorsCarryTheClassicNumbersAndWords) {
+  auto said = [](const RuntimeError& e) { return std::to_string(e.Number()) + " " + e.Description(); };
+  const std::pair<int, const char*> failed[] = {
+      {ENOENT, "53 File not found"}, {ENOTDIR, "76 Path not found"}, {EROFS, "70 Permission denied"},
+      {EFBIG, "61 Disk full"},       {EIO, "57 Device I/O error"},   {EINVAL, "52 Bad file name or number"},
+      {EMFILE, "67 Too many files"}, {ENOMEM, "7 Out of memory"},    {EISDIR, "75 Path/File access error"}};
+  for (auto [err, words] : failed) EXPECT_EQ(said(RuntimeError::FromErrno(err)), words);
+  EXPECT_EQ(said(RuntimeError(errInputPastEnd)) + ", " + said(RuntimeError(errSubscript)),
+            "62 Input past end of file, 9 Subscript out of range");
 }
 
 TEST(NumText, ValStrAndThousands) {
