@@ -13,7 +13,6 @@ TEST(ScoreTest, EventsAndSiteBonuses) {
     b.sc.SetPoints();
     for (size_t e = 1; e <= 8; ++e) EXPECT_EQ(b.sc.glPoints[e], base[e] * mod[d]) << d << "/" << e;
   }
-  EXPECT_EQ(b.sc.glExtraLifeBonus, (std::array<int32_t, 5>{0, 2000, 10000, 25000, 60000}));
 
   const std::string bonus = "Bonus Points: ";
   using E = ScoreEvent;
