@@ -72,11 +72,9 @@ void HighScores::AddHighScore() {
     if (dbg.On())
       dbg.DebugWrite(Trace("AddHighScore").Var("gnGlobalSlot", gnGlobalSlot).Var("gnPersonalSlot", gnPersonalSlot));
     const int16_t nDiff = opts.CheckedDiff();
-    // The names stay empty until the player types one into the webmaster lists.
-    if (gnGlobalSlot > 0 && gnGlobalSlot <= 10)
-      InsertAt(gwHighScores[kAllTime][nDiff], gnGlobalSlot, score.glScore, game.gnSitesHit);
-    if (gnPersonalSlot > 0 && gnPersonalSlot <= 10)
-      InsertAt(gwHighScores[kPersonal][nDiff], gnPersonalSlot, score.glScore, game.gnSitesHit);
+    // A slot is 1 to 10, or 0 for none. The names stay empty until the player types one into the lists.
+    if (gnGlobalSlot > 0) InsertAt(gwHighScores[kAllTime][nDiff], gnGlobalSlot, score.glScore, game.gnSitesHit);
+    if (gnPersonalSlot > 0) InsertAt(gwHighScores[kPersonal][nDiff], gnPersonalSlot, score.glScore, game.gnSitesHit);
   } catch (const RuntimeError& err) {
     shell.ReportError("AddHighScore", err);
   }
