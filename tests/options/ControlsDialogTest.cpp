@@ -183,6 +183,11 @@ TEST(ControlsDialog, CancelKeepsAProfilePickedWithoutChangingKeys) {
     EXPECT_FALSE(c.d.bShown);  // Cancel closes the dialog, as Set does
   });
   EXPECT_EQ(std::to_string(c.op.nProfile) + " " + c.op.szProfile, "3 Keyboard Right");
+  // The temporary profile put back is named so, whatever name a hand-edited file gave it.
+  c.op.nProfile = 0;
+  c.op.szProfile = "typed by hand";
+  c.Visit([&] { c.d.cmbKey_Change(kUp, "q"), c.d.cmdCancel_Click(); });
+  EXPECT_EQ(c.op.szProfile, "(Temporary)");
 }
 
 // Nothing typed is refused; Cancel chooses nothing. (A name picked in the list's own spelling: the saving above.)
