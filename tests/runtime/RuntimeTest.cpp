@@ -37,8 +37,8 @@ TEST(Random, ClassicSequenceSeedsAndRandomize) {
 }
 
 TEST(Checked, SixteenBitOverflowAndCIntRounding) {
-  EXPECT_EQ(std::vector<int>({Mul16(5, 1500), Add16(32766, 1), Sub16(-32767, 1), CLng(40000.5)}),
-            std::vector<int>({7500, 32767, -32768, 40000}));
+  EXPECT_EQ(std::vector<int>({Mul16(5, 1500), Add16(32766, 1), Sub16(-32767, 1), CLng(40000.5), CLng(-2147483648.0)}),
+            std::vector<int>({7500, 32767, -32768, 40000, -2147483647 - 1}));
   for (auto f : {+[] { Mul16(25, 1500); }, +[] { Add16(32767, 1); }, +[] { Sub16(-32768, 1); },
                  +[] { Add32(2147483647, 1); }, +[] { CLng(2147483647.5); }})
     EXPECT_EQ(ErrorOf(f), 6);
