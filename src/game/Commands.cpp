@@ -1,6 +1,7 @@
 // The player's commands: the key handler of the main window, the mouse's
 // moves and its random placement.
 #include <cstdlib>
+#include <iterator>
 
 #include "debuglog/DebugLog.h"
 #include "runtime/Options.h"
@@ -25,7 +26,7 @@ std::string KeyText(int16_t KeyAscii) {
 }  // namespace
 
 std::optional<Command> CommandFor(const ControlProfile& cp, int16_t KeyAscii) {
-  for (int16_t i = 0; i < 17; ++i) {
+  for (int16_t i = 0; i < static_cast<int16_t>(std::size(kCommandFields)); ++i) {
     if (static_cast<Command>(i) == Command::DedLine) continue;
     if (cp.*kCommandFields[i].field == KeyAscii) return static_cast<Command>(i);
   }

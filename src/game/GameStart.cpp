@@ -85,7 +85,7 @@ void Game::InitMap() {
 }
 
 void Game::ResetObjects() {
-  if (game.gctPlayerPos.nCol != -1 && game.gctPlayerPos.nRow != -1) DrawCell(game.gctPlayerPos, Picture::None);
+  DrawCell(game.gctPlayerPos, Picture::None);  // nowhere has no cell to clear
   game.gctPlayerPos = CoordPair{-1, -1};
 
   ClearViruses();

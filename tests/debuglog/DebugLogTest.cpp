@@ -123,6 +123,8 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
   b.Set(At(5, 5), {At(7, 5)}, {At(6, 5)});  // the last virus steps onto an infected server
   b.Key('5');
+  b.Set(At(5, 5), {At(23, 13)}, {At(5, 4)});  // and Whisk onto another
+  b.Key('8');
   b.sw.dbg.DebugExit();
   const std::string log = Slurp("moved.log") + Slurp(DebugLog::kFileName);
   const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
@@ -137,6 +139,8 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
            "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]\r\n{{ frmMain.Form_KeyPress }}\r\n"
            "     --> Invalid key pressed",
            "{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",
+           "{{ MovePlayer }} (input) ctPlayer=5,4 (return) sucessful=-1 (variables) nCause=3\r\n"
+           "     --> infected underfoot",
            "{{ ResetObjects }} (variables) gctPlayerPos=-1,-1 gnLag & gnColorLag=0/Blue",
            "{{ CheckVirusCrash }} [BEGIN] (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=1 "
            "gnInfectedPos(1)=9,4" +
