@@ -21,13 +21,10 @@ const std::string kStars = std::string(64, '*') + "\r\n";
 // What the log holds after its header (which ends with the second line of bars).
 std::string AfterHeader(const std::string& log) { return log.substr(log.find(kBars, 1) + kBars.size()); }
 
-TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSetAndBuiltRecordsTakeTheNextFreeSlot) {
+TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSet) {
   const std::pair<TraceRecord, std::string> cases[] = {
       {{.szProc = "P"}, "{{ P }}\r\n"},
       {Trace("P").Begin(false).In("x", "y"), "{{ P }} (input) x=y\r\n"},
-      // A value without a name is a free slot.
-      {{.szProc = "P", .bBegin = true, .szInName = {"", "second", ""}, .vInValue = {"ignored", int16_t{2}, Value()}},
-       "{{ P }} [BEGIN] (input) second=2\r\n"},
       {{.szProc = "F", .szReturnName = "x", .szVarName = {"", "", "szName"}, .vVarValue = {Value(), Value(), ""}},
        "{{ F }} (return) x= (variables) szName=\r\n"},
       {Trace("frmMain.menQuit_Click")
@@ -38,10 +35,7 @@ TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSetAndBuiltRecordsTakeTheNextF
            .Var("b", false)
            .Note("note"),
        "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
-       "b=False\r\n     --> note\r\n"},
-      // A slot left free by hand is the next one taken; a fourth name has no slot.
-      {TraceRecord{.szProc = "P", .szVarName = {"", "b", ""}}.Begin().Var("a", 1.0).Var("c", 3.0).Var("d", 4.0),
-       "{{ P }} [BEGIN] (variables) a=1 b= c=3\r\n"}};
+       "b=False\r\n     --> note\r\n"}};
   for (const auto& [rec, line] : cases) EXPECT_EQ(DebugLog::TraceLines(rec), line);
 }
 
