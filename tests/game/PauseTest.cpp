@@ -71,7 +71,10 @@ TEST(PauseTest, EveryPauseKeepsTurnsOutUntilTheLastOneEnds) {
     };
     c.start(b);
     EXPECT_EQ(std::make_pair(inside, int(b.g.gbSleepOn.Code())), std::make_pair(1, 0));
-    if (b.w.ended) continue;
+    if (b.w.ended) {
+      EXPECT_EQ(std::count(b.w.sleeps.begin(), b.w.sleeps.end(), 2000), 1);  // the goodbye is heard out
+      continue;
+    }
     // Once the pauses are over, a key plays.
     b.Set(At(5, 5), {At(20, 12)});
     b.Key('8');
