@@ -27,8 +27,7 @@ const std::array<CommandField, 17>& FileKeyOrder() {
   static const std::array<CommandField, 17> order = [] {
     std::array<CommandField, 17> a{};
     std::copy(std::begin(kCommandFields), std::end(kCommandFields), a.begin());
-    std::sort(a.begin(), a.end(),
-              [](const CommandField& x, const CommandField& y) { return std::string_view(x.name) < y.name; });
+    std::ranges::sort(a, {}, [](const CommandField& f) { return std::string_view(f.name); });
     return a;
   }();
   return order;

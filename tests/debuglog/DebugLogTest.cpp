@@ -115,13 +115,24 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
   // The viruses placed: seven, in one list.
   std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";
   for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
-  b.Set(At(5, 5), {At(7, 5)}, {At(6, 5)});  // the last virus steps onto an infected server
+  b.Set(At(5, 5), {At(7, 5), At(7, 7)}, {At(6, 5), At(6, 6)});  // the last two viruses step onto infected servers
   b.Key('5');
   b.Set(At(5, 5), {At(23, 13)}, {At(5, 4)});  // and Whisk onto another
   b.Key('8');
+  b.Set(At(5, 5), {At(9, 5)});  // a wait, until the virus comes
+  b.Key('0');
   b.sw.dbg.DebugExit();
   const std::string log = Slurp("moved.log") + Slurp(DebugLog::kFileName);
+  // Every key that gives a command is traced again once its turn is over; 'z' gives none.
+  auto count = [&log](const std::string& s) {
+    size_t n = 0;
+    for (size_t at = log.find(s); at != std::string::npos; at = log.find(s, at + 1)) ++n;
+    return n;
+  };
+  EXPECT_EQ(count("{{ frmMain.Form_KeyPress }} (variables)"), count("{{ frmMain.Form_KeyPress }} (input)") - 1);
   const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
+  const std::string manyInfected =
+      "\r\n     --> Start flag is being used to mark multiple infected crashes in same function call";
   // Whole lines: a bound key, a link and an unbound key (the entry line and the comment, nothing more), a move, a new
   // layout, crashes in one call (which share one start mark), the fiftieth game, a virus on an infected server.
   for (const std::string& l : std::vector<std::string>{
@@ -145,6 +156,8 @@ TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
            "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
            "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15",
            "{{ CheckInfected }} (input) ctPos=6,5 (variables) gctInfectedPos - index=1",
+           "{{ CheckVirusInfected }} [BEGIN] (variables) nInfected=1 virus index=1" + manyInfected,
+           "{{ CheckVirusInfected }} (variables) nInfected=2 virus index=1" + manyInfected,
            kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
                     "     --> score is also reset to 0.  gnGameNum=50"})
     EXPECT_NE(log.find("\n" + l + "\r\n"), std::string::npos) << l;
