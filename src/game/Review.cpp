@@ -33,8 +33,11 @@ std::string PictureFacing(Picture pic) {
 std::string OffsetText(const CoordPair& from, const CoordPair& to) {
   const int dc = to.nCol - from.nCol, dr = to.nRow - from.nRow;
   std::string text;
-  if (dr != 0) text = std::to_string(std::abs(dr)) + (dr < 0 ? " up" : " down");
-  if (dc != 0) text += (text.empty() ? "" : " ") + std::to_string(std::abs(dc)) + (dc < 0 ? " left" : " right");
+  auto add = [&text](int n, const char* way) { text += (text.empty() ? "" : " ") + std::to_string(n) + way; };
+  if (dr < 0) add(-dr, " up");
+  if (dr > 0) add(dr, " down");
+  if (dc < 0) add(-dc, " left");
+  if (dc > 0) add(dc, " right");
   return text.empty() ? "here" : text;
 }
 

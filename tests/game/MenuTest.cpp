@@ -80,7 +80,9 @@ TEST(MenuTest, SettingsInForceAndTheGameOverAskNothing) {
                 m.menStartSiteNum_Click(4);
               }).empty());
   EXPECT_EQ(b.g.gnGameNum, 2);
-  EXPECT_EQ(checks(Menu::menStartSiteNum0, 10), Ints({0, 0, 0, 0, 1, 0, 0, 0, 0, 0}));  // clicked again: still
+  // The checked items, clicked again, stay checked.
+  EXPECT_EQ(checks(Menu::menStartSiteNum0, 10), Ints({0, 0, 0, 0, 1, 0, 0, 0, 0, 0}));
+  EXPECT_EQ(checks(Menu::menDiffLevel1, 4), Ints({0, 0, 1, 0}));
   b.g.gbGameOn = false;
   EXPECT_TRUE(Answered(b, {}, [&] { m.menNewGame_Click(); }).empty());
   EXPECT_EQ(b.g.gnGameNum, 3);
