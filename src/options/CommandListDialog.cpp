@@ -104,7 +104,7 @@ void CommandListDialog::cmbKey_Change(int16_t i, const std::string& typed, int16
   std::string text = nListIndex >= 0 ? kSpecialNames[static_cast<size_t>(nListIndex)] : typed;
   if (text == c.tag || text.empty()) return;
   if (text == " ") text = "Space";
-  if (text.size() > 1 && SpecialIndex(text) < 0) text = text.substr(0, 1);
+  if (SpecialIndex(text) < 0) text = text.substr(0, 1);  // a key's first letter, or a special key's name
   if (text.size() == 1) text[0] = static_cast<char>(std::toupper(static_cast<unsigned char>(text[0])));
   if (text == c.tag) return;
   // A key another command holds goes to that command in exchange: never two commands on one key.

@@ -1,4 +1,5 @@
-// The debug log: trace lines, the file's blocks, and what a turn of the game writes.
+// The debug log: the file's blocks, and what a turn of the game writes. (Every line of a whole scripted
+// session: the pinned session, session_pinned.sh.)
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -8,9 +9,6 @@
 #include "game/Board.h"
 #include "support/TempDir.h"
 
-// The trace records below name only the fields they use; the rest stay empty on purpose.
-#pragma GCC diagnostic ignored "-Wmissing-field-initializers"
-
 namespace sw::test {
 namespace {
 
@@ -19,24 +17,6 @@ const std::string kStars = std::string(64, '*') + "\r\n";
 
 // What the log holds after its header (which ends with the second line of bars).
 std::string AfterHeader(const std::string& log) { return log.substr(log.find(kBars, 1) + kBars.size()); }
-
-TEST(TraceLine, EachPartAppearsOnlyWhenItsNamesAreSet) {
-  const std::pair<TraceRecord, std::string> cases[] = {
-      {{.szProc = "P"}, "{{ P }}\r\n"},
-      {Trace("P").Begin(false).In("x", "y"), "{{ P }} (input) x=y\r\n"},
-      {{.szProc = "F", .szReturnName = "x", .szVarName = {"", "", "szName"}, .vVarValue = {Value(), Value(), ""}},
-       "{{ F }} (return) x= (variables) szName=\r\n"},
-      {Trace("frmMain.menQuit_Click")
-           .In("a", true)
-           .Ret("r", int32_t{-7})
-           .Var("gnLag & gnColorLag", "3 1")
-           .In("c", 2.5)
-           .Var("b", false)
-           .Note("note"),
-       "{{ frmMain.menQuit_Click }} (input) a=True c=2.5 (return) r=-7 (variables) gnLag & gnColorLag=3 1 "
-       "b=False\r\n     --> note\r\n"}};
-  for (const auto& [rec, line] : cases) EXPECT_EQ(DebugLog::TraceLines(rec), line);
-}
 
 TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
   TempDir dir;
