@@ -148,6 +148,21 @@ TEST(VirusTest, NewVirusesKeepOffTheMouseAndEachOther) {
   EXPECT_TRUE(b.eng.CanVirusEnter(At(3, 3), -1) && b.eng.CanVirusEnter(At(23, 13), -1));
 }
 
+// A site holds seven viruses more than the sites hit, thirty at most; the counter is red at exactly thirty.
+TEST(VirusTest, TheCounterIsRedAtThirty) {
+  Board b;
+  std::vector<std::string> shown;
+  for (int16_t sites : {22, 23, 40}) {
+    b.g.gnSitesHit = sites;
+    b.eng.PlaceVirus();
+    shown.push_back(b.Caption(Label::lblVirus) + (b.w.foreColors[Label::lblVirus] == color::Red ? " red" : ""));
+  }
+  b.eng.KillVirus(1, ScoreEvent::VirusKilled);
+  EXPECT_EQ(shown, std::vector<std::string>({"29", "30 red", "30 red"}));
+  EXPECT_EQ(b.Caption(Label::lblVirus) + " " + std::to_string(b.w.foreColors[Label::lblVirus]),
+            "29 " + std::to_string(color::ButtonText));
+}
+
 TEST(VirusTest, NightmareMovesTheVirusesTwice) {
   Board b(4, At(5, 5), {kFar});
   b.g.gnLag = 3;

@@ -25,6 +25,7 @@ class FakeWindow : public IMainWindow {
   Picture cells[64][64]{};  // the board as drawn: [col][row]
   std::map<Label, std::string> captions;
   std::map<Label, std::pair<uint32_t, uint32_t>> labelColors;
+  std::map<Label, uint32_t> foreColors;
   ProgBarState bar;                   // the lag bar as last shown
   int16_t cellTw = 0;                 // SetGridLayout
   std::vector<int> windowTw, gridTw;  // SetWindowSize: width, height, bar width; SetGridLayout: cols, rows, size
@@ -54,7 +55,7 @@ class FakeWindow : public IMainWindow {
   }
   void SetCaption(Label lbl, const std::string& text) override { captions[lbl] = text; }
   void SetLabelColors(Label lbl, uint32_t back, uint32_t fore) override { labelColors[lbl] = {back, fore}; }
-  void SetLabelForeColor(Label, uint32_t) override {}
+  void SetLabelForeColor(Label lbl, uint32_t fore) override { foreColors[lbl] = fore; }
   void ShowLagBar(const ProgBarState& b) override { bar = b; }
   MsgAnswer MsgBox(const std::string& text, MsgButtons nButtons, const std::string& szTitle) override;
   void SetSoundFileName(const std::string& fileName) override { pendingSound_ = fileName; }
