@@ -79,72 +79,26 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
             "Error: DebugOpen: Failed to open debug log\nPlease check file I/O accessability|.\\sounds\\powerup2.mp3");
 }
 
-TEST(GameTrace, KeyPressesCrashesAndTheFiftiethGame) {
+// Two things a long session seldom meets: Whisk stepping onto an infected server, and the 50th game, which closes
+// the log and opens it again for appending, so that a log moved away meanwhile starts anew.
+TEST(GameTrace, InfectedUnderfootAndTheFiftiethGame) {
   TempDir dir;
   Board b;
-  b.Set(At(12, 5), {At(8, 5), At(8, 5), At(8, 5), At(8, 5), At(23, 13)});
   b.sw.opts.Current().bDebug = true;
   b.sw.session.DebugOpen(true, true);
-  for (char key : {'8', '+', 'z'}) b.Key(key);
+  b.Set(At(5, 5), {At(23, 13)}, {At(5, 4)});
+  b.Key('8');
   b.g.gnGameNum = 49;
-  // The 50th game closes the log and opens it again for appending: a log moved away meanwhile starts anew.
   std::filesystem::rename(DebugLog::kFileName, "moved.log");
   b.eng.StartGame();
-  ASSERT_TRUE(std::filesystem::exists(DebugLog::kFileName));
-  // The viruses placed: seven, in one list.
-  std::string placed = "\n{{ PlaceVirus }} (variables) gnVirusMax=7 gctVirusPos={ ";
-  for (size_t i = 1; i <= 7; ++i) placed += (i > 1 ? " - " : "") + std::to_string(i) + ":" + b.g.gctVirusPos[i].Text();
-  b.Set(At(5, 5), {At(7, 5), At(7, 7)}, {At(6, 5), At(6, 6)});  // the last two viruses step onto infected servers
-  b.Key('5');
-  b.Set(At(5, 5), {At(23, 13)}, {At(5, 4)});  // and Whisk onto another
-  b.Key('8');
-  b.Set(At(5, 5), {At(9, 5)});  // a wait, until the virus comes
-  b.Key('0');
   b.sw.dbg.DebugExit();
-  const std::string log = Slurp("moved.log") + Slurp(DebugLog::kFileName);
-  // Every key that gives a command is traced again once its turn is over; 'z' gives none.
-  auto count = [&log](const std::string& s) {
-    size_t n = 0;
-    for (size_t at = log.find(s); at != std::string::npos; at = log.find(s, at + 1)) ++n;
-    return n;
-  };
-  EXPECT_EQ(count("{{ frmMain.Form_KeyPress }} (variables)"), count("{{ frmMain.Form_KeyPress }} (input)") - 1);
-  const std::string many = "\r\n     --> Start flag is being used to mark multiple crashes in same function call";
-  const std::string manyInfected =
-      "\r\n     --> Start flag is being used to mark multiple infected crashes in same function call";
-  // Whole lines: a bound key, a link and an unbound key (the entry line and the comment, nothing more), a move, a new
-  // layout, crashes in one call (which share one start mark), the fiftieth game, a virus on an infected server.
-  for (const std::string& l : std::vector<std::string>{
-           "{{ frmMain.Form_KeyPress }} (input) KeyAscii=56 [8]", "{{ InitMap }} (variables) gbWaitOn=0 gbEndSite=-1",
-           "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=1 gbScoreNoLinkSite=-1\r\n"
-           "     --> gnPlayerDir=8",
-           "{{ frmMain.Form_KeyPress }} (variables) gbEndSite=0 gnMoveCount=2 gbScoreNoLinkSite=0\r\n"
-           "     --> gnPlayerDir=5",
-           "{{ frmMain.Form_KeyPress }} (input) KeyAscii=122 [z]\r\n{{ frmMain.Form_KeyPress }}\r\n"
-           "     --> Invalid key pressed",
-           "{{ MovePlayer }} (input) ctPlayer=12,4 (return) sucessful=-1",
-           "{{ MovePlayer }} (input) ctPlayer=5,4 (return) sucessful=-1 (variables) nCause=3\r\n"
-           "     --> infected underfoot",
-           "{{ ResetObjects }} (variables) gctPlayerPos=-1,-1 gnLag & gnColorLag=0/Blue",
-           "{{ CheckVirusCrash }} [BEGIN] (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=1 "
-           "gnInfectedPos(1)=9,4" +
-               many,
-           "{{ CheckVirusCrash }} (variables) bCrash (virus indexes)=-1 (1 & 2) gnInfectedCount=2 "
-           "gnInfectedPos(2)=9,4" +
-               many,
-           "{{ KillVirus }} (input) nVirus=2 nEvent=1 (variables) gnVirusLive=4",
-           "{{ AddPoints }} (input) nEvent=1 (variables) lBonus=15 new glScore=15",
-           "{{ CheckInfected }} (input) ctPos=6,5 (variables) gctInfectedPos - index=1",
-           "{{ CheckVirusInfected }} [BEGIN] (variables) nInfected=1 virus index=1" + manyInfected,
-           "{{ CheckVirusInfected }} (variables) nInfected=2 virus index=1" + manyInfected,
-           kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
-                    "     --> score is also reset to 0.  gnGameNum=50"})
-    EXPECT_NE(log.find("\n" + l + "\r\n"), std::string::npos) << l;
-  EXPECT_NE(log.find(placed + " }\r\n"), std::string::npos) << placed;
-  // A cell is traced by CheckVirus or CheckInfected only when one stands on it.
-  for (const char* proc : {"{{ CheckVirus }}", "{{ CheckInfected }}"})
-    for (size_t at = log.find(proc); at != std::string::npos; at = log.find(proc, at + 1))
-      EXPECT_NE(log.substr(log.find('\r', at) - 8, 8), " index=0") << proc;
+  EXPECT_NE(Slurp("moved.log")
+                .find("\n{{ MovePlayer }} (input) ctPlayer=5,4 (return) sucessful=-1 (variables) "
+                      "nCause=3\r\n     --> infected underfoot\r\n"),
+            std::string::npos);
+  EXPECT_TRUE(Slurp(DebugLog::kFileName)
+                  .starts_with(kStars + "{{ StartGame }} (variables) gbGameOn=-1 gnSitesHit=0 gnReconnects=2\r\n"
+                                        "     --> score is also reset to 0.  gnGameNum=50\r\n"));
 }
 
 }  // namespace
