@@ -16,8 +16,8 @@ namespace sw {
 namespace {
 
 // The direction code of each move command, in profile order.
-constexpr Direction kMoveDir[8] = {Direction::Up,   Direction::UpRight,  Direction::Right, Direction::DownRight,
-                                   Direction::Down, Direction::DownLeft, Direction::Left,  Direction::UpLeft};
+constexpr Direction kMoveDir[] = {Direction::Up,   Direction::UpRight,  Direction::Right, Direction::DownRight,
+                                  Direction::Down, Direction::DownLeft, Direction::Left,  Direction::UpLeft};
 
 std::string KeyText(int16_t KeyAscii) {
   return NumText(int64_t{KeyAscii}) + " [" + std::string(1, static_cast<char>(KeyAscii & 0xFF)) + "]";

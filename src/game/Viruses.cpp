@@ -17,7 +17,7 @@ void Game::PlaceVirus() {
   ShowVirusCount();
 
   // Unplaced entries stay off the map so that they never match a cell.
-  game.gctVirusPos.assign(static_cast<size_t>(std::max<int16_t>(game.gnVirusMax, 0)) + 1, CoordPair{-1, -1});
+  game.gctVirusPos.assign(static_cast<size_t>(game.gnVirusMax) + 1, CoordPair{-1, -1});
   for (int16_t i = 1; i <= game.gnVirusMax; ++i) {
     CoordPair ct;
     do {

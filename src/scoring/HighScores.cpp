@@ -23,18 +23,18 @@ void HighScores::ClearAll() {
 namespace {
 
 // The first slot of the list that the score (with its sites) beats; 0 for none.
-int16_t SlotEarned(const WebmasterEntry (&list)[11], int32_t lScore, int16_t nSites) {
+int16_t SlotEarned(const HighScores::List& list, int32_t lScore, int16_t nSites) {
   for (int16_t i = 1; i <= 10; ++i) {
-    const WebmasterEntry& e = list[i];
+    const WebmasterEntry& e = list[static_cast<size_t>(i)];
     if (lScore > e.lScore || (lScore == e.lScore && nSites > e.nSites)) return i;
   }
   return 0;
 }
 
 // Slots nSlot..9 move one place down (the tenth entry is lost); the new entry takes nSlot.
-void InsertAt(WebmasterEntry (&list)[11], int16_t nSlot, int32_t lScore, int16_t nSites) {
-  for (int16_t i = 9; i >= nSlot; --i) list[i + 1] = list[i];
-  list[nSlot] = WebmasterEntry{lScore, nSites, ""};
+void InsertAt(HighScores::List& list, int16_t nSlot, int32_t lScore, int16_t nSites) {
+  for (int16_t i = 9; i >= nSlot; --i) list[static_cast<size_t>(i) + 1] = list[static_cast<size_t>(i)];
+  list[static_cast<size_t>(nSlot)] = WebmasterEntry{lScore, nSites, ""};
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #pragma once
 // The webmaster lists: per difficulty an all-time and a personal list of ten
 // entries, kept in the enciphered file "SWhscore.dat".
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <string>
@@ -31,8 +32,10 @@ class HighScores {
 
   HighScores(GameState& game, Options& opts, DebugLog& dbg, Shell& shell, Score& score);
 
-  // [list type 0..1][difficulty 1..4][slot 1..10]; index 0 of difficulty and slot unused.
-  WebmasterEntry gwHighScores[2][5][11];
+  // One list: slots 1 to 10, slot 0 unused.
+  using List = std::array<WebmasterEntry, 11>;
+  // [list type 0..1][difficulty 1..4]; difficulty 0 unused.
+  std::array<std::array<List, 5>, 2> gwHighScores{};
   int16_t gnGlobalSlot = 0;
   int16_t gnPersonalSlot = 0;
 
