@@ -79,6 +79,29 @@ TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
             "Error: DebugOpen: Failed to open debug log\nPlease check file I/O accessability|.\\sounds\\powerup2.mp3");
 }
 
+// Mark Debug Log opens with an empty comment and the time; OK writes the comment under the player's name with a
+// dump, Cancel writes nothing.
+TEST(DebugLogFile, AMarkCarriesTheCommentAndCancelWritesNothing) {
+  TempDir dir;
+  App a;
+  DebugMarkDialog& m = a.sw.mark;
+  a.sw.opts.Current().bDebug = true;
+  a.sw.session.DebugOpen(true, true);
+  std::string opened;
+  a.w.onDialog = [&](Dialog) {
+    opened += m.bShown && m.txtComment.empty() && !m.lblDateTime.empty() ? "open " : "not ready ";
+    m.txtComment = opened.size() < 6 ? "first" : "second";
+    m.txtComment == "first" ? m.cmdOk_Click() : m.cmdCancel_Click();
+  };
+  for (int i = 0; i < 2; ++i) a.sw.menu.menMarkDL_Click();
+  a.sw.dbg.DebugExit();
+  const std::string log = Slurp(DebugLog::kFileName);
+  EXPECT_EQ(opened + (m.bShown ? "shown" : "closed"), "open open closed");
+  EXPECT_NE(log.find("#\r\n{{ Mark Debug Log }} (variables) Time="), std::string::npos);
+  EXPECT_NE(log.find(" gopOpts(gnOpt).szUserName=Guest\r\n     --> first\r\nBegin: DebugWriteAll"), std::string::npos);
+  EXPECT_EQ(log.find("second"), std::string::npos);
+}
+
 // Two things a long session seldom meets: Whisk stepping onto an infected server, and the 50th game, which closes
 // the log and opens it again for appending, so that a log moved away meanwhile starts anew.
 TEST(GameTrace, InfectedUnderfootAndTheFiftiethGame) {

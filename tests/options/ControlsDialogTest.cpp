@@ -174,6 +174,7 @@ TEST(ControlsDialog, CancelKeepsAProfilePickedWithoutChangingKeys) {
   c.w.answers = {MsgAnswer::No, MsgAnswer::No};  // keep the keys temporary; pick without saving them
   c.Visit([&] {
     c.d.cmbKey_Change(kUp, "w");
+    EXPECT_TRUE(c.d.bShown);  // open until Set or Cancel
     c.d.cmdOK_Click();
     EXPECT_FALSE(c.d.bShown);
   });
