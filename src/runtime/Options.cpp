@@ -50,7 +50,7 @@ const ControlProfile kBuiltInProfiles[4] = {
 
 // The trailing numbers are each setting's place among the corrections named in the
 // out-of-range message, and among the state dump's options lines.
-const Setting kSettings[13] = {
+constexpr Setting kSettings[13] = {
     S::TextOf("UserName", &OP::szUserName, "Guest").Dump("Player Name", 1),
     S::TextOf("Password", &OP::szPassword, nullptr).Dump("Password", 2),
     S::IntegerOf("ControlProfileNum", &OP::nProfile, 1).Range(0, kLastProfile, "Control profile", 4),
@@ -65,6 +65,17 @@ const Setting kSettings[13] = {
     S::FlagOf("DownServers", &OP::bDownServers, false).Dump("Down Servers", 8),
     S::FlagOf("Safe", &OP::bSafe, false).Dump("Safe Mode", 9),
 };
+
+namespace {
+// Each order numbers its settings 1, 2, 3 ... with none left out and none twice.
+constexpr bool EachPlaceOnce(int Setting::*place) {
+  unsigned seen = 0, n = 0;
+  for (const Setting& s : kSettings)
+    if (s.*place != 0) seen |= 1u << s.*place, ++n;
+  return seen == (2u << n) - 2u;
+}
+static_assert(EachPlaceOnce(&Setting::dumpAt) && EachPlaceOnce(&Setting::fixAt));
+}  // namespace
 
 std::vector<const Setting*> SettingsBy(int Setting::*place) {
   std::vector<const Setting*> in;
