@@ -49,6 +49,7 @@ TEST(TurnNewsTest, EachTurnSaysWhatChanged) {
     SCOPED_TRACE(c.name);
     Board b(2, At(5, 5), c.viruses, c.infected);
     b.g.gnReconnects = c.reconnects;
+    b.g.gbEndSite = false;  // a turn in the middle of a site
     b.sw.news.Form_KeyPress(c.key);
     ASSERT_EQ(b.w.announced.size(), *c.news ? 1u : 0u);
     if (*c.news) {
