@@ -1,11 +1,9 @@
-// The debug log: the file's blocks, and what a turn of the game writes. (Every line of a whole scripted
-// session: the pinned session, session_pinned.sh.)
+// The debug log: what a whole scripted session does not show (every line of one: the pinned session,
+// session_pinned.sh).
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <filesystem>
 
-#include "Version.h"
 #include "game/Board.h"
 #include "support/TempDir.h"
 
@@ -18,34 +16,18 @@ const std::string kStars = std::string(64, '*') + "\r\n";
 // What the log holds after its header (which ends with the second line of bars).
 std::string AfterHeader(const std::string& log) { return log.substr(log.find(kBars, 1) + kBars.size()); }
 
-TEST(DebugLogFile, HeaderSeparatorsMarkedDumpAppendClearAndClose) {
+// The file's blocks (header, separators, marks, dump, the closing lines) are read whole in the pinned session. Here:
+// a note holding character 0, appending, clearing, closing and a log that cannot be opened.
+TEST(DebugLogFile, ZeroInANoteAppendClearCloseAndFailures) {
   TempDir dir;
   App a;
   DebugLog& dbg = a.sw.dbg;
   a.sw.opts.Current().bDebug = true;
-  dbg.dumpState = [&dbg] { dbg.Print("DUMP"); };
   a.sw.session.DebugOpen(true, true);
-  TraceRecord r = Trace("PlaySound").In("szFileName", "comp-dead.mp3");
-  dbg.DebugWrite(r);
-  dbg.DebugWrite(r, true, false);
-  dbg.DebugWrite(r.Note(std::string("c\0d", 3)), true, true);  // character 0 (a key with no code) is written whole
-  for (int16_t mark : {2, 0, 9}) dbg.DebugMark(mark);
+  dbg.DebugWrite(Trace("PlaySound").Note(std::string("c\0d", 3)));  // a key with no code is written whole
   dbg.DebugExit();
-  const std::string log = Slurp(DebugLog::kFileName);
-  const std::string body = AfterHeader(log);
-  EXPECT_TRUE(log.starts_with(kBars + "| SKITTERWEB\r\n| version: " SKITTERWEB_VERSION "\r\n| ") &&
-              std::count(log.begin(), log.end() - static_cast<ptrdiff_t>(body.size()), '\n') == 5);
-  const std::string line = "{{ PlaySound }} (input) szFileName=comp-dead.mp3\r\n";
-  const std::string hashes = [] {
-    std::string h;
-    for (int i = 0; i < 45; ++i) h += "#-";
-    return h;
-  }();
-  const std::string expected = line + kStars + line + "\r\n" + hashes + "\r\n" + hashes.substr(1) + "#\r\n" + line +
-                               "     --> c" + '\0' + "d\r\nDUMP\r\n" + kBars + kStars + kStars + kStars +
-                               "Games played=0\r\nExit Program - ";
-  EXPECT_EQ(body.substr(0, expected.size()) + body.substr(body.size() - 4), expected + "\r\n\r\n");
-  for (size_t i = 1; i < log.size(); ++i) ASSERT_FALSE(log[i] == '\n' && log[i - 1] != '\r') << i;
+  EXPECT_NE(Slurp(DebugLog::kFileName).find(std::string("{{ PlaySound }}\r\n     --> c\0d\r\n", 30)),
+            std::string::npos);
 
   // Opening appends; closing asks whether to keep the log; clearing leaves the header.
   for (const char* run : {"run 1", "run 2"}) a.sw.session.DebugOpen(false, true), dbg.Print(run), dbg.DebugExit();
