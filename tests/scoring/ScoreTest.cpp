@@ -5,15 +5,8 @@
 
 namespace sw::test {
 
+// Each event's points (the table of points and modifiers: the state dump's test) and the site bonuses.
 TEST(ScoreTest, EventsAndSiteBonuses) {
-  const int32_t base[9] = {0, 3, 20, 1, 2, 25, 45, 5, 1}, mod[5] = {0, 1, 5, 25, 150};
-  Board b;
-  for (int16_t d = 1; d <= 4; ++d) {
-    b.sw.opts.Current().nDiff = d;
-    b.sc.SetPoints();
-    for (size_t e = 1; e <= 8; ++e) EXPECT_EQ(b.sc.glPoints[e], base[e] * mod[d]) << d << "/" << e;
-  }
-
   const std::string bonus = "Bonus Points: ";
   using E = ScoreEvent;
   const struct {
