@@ -19,8 +19,10 @@ TEST(StateDump, SwitchingTheLogOnDumpsTheStateAfterTheHeader) {
   op.nStartSite = 4;
   op.bDownServers = true;
   for (const char* m : {"first", "second"}) b.sc.AddScoreMesg(m, "", MsgButtons::OkOnly, "");
+  Spit(DebugLog::kFileName, "an earlier log\r\n");
   b.sw.menu.menUseDL_Click();
   const std::string log = Slurp(DebugLog::kFileName);
+  EXPECT_TRUE(log.starts_with("an earlier log\r\n"));  // which is kept
   const size_t start = log.find("\nBegin: DebugWriteAll\r\n");
   EXPECT_LT(log.find("| SKITTERWEB"), start);
   const std::string dump = log.substr(start);

@@ -55,9 +55,9 @@ TEST(Checked, SixteenBitOverflowAndCIntRounding) {
   for (auto f : {+[] { Mul16(25, 1500); }, +[] { Add16(32767, 1); }, +[] { Sub16(-32768, 1); },
                  +[] { Add32(2147483647, 1); }, +[] { CLng(2147483647.5); }})
     EXPECT_EQ(ErrorOf(f), 6);
-  // Halves go to the even neighbour.
-  const std::pair<double, int> rounded[] = {{0.5, 0},   {1.5, 2},    {2.5, 2},         {-2.5, -2},
-                                            {-3.5, -4}, {2.4999, 2}, {32767.4, 32767}, {-32768.5, -32768}};
+  // To the nearest; halves to the even neighbour.
+  const std::pair<double, int> rounded[] = {{0.5, 0},    {1.5, 2}, {2.5, 2},   {-2.5, -2},       {-3.5, -4},
+                                            {2.4999, 2}, {2.6, 3}, {-2.4, -2}, {32767.4, 32767}, {-32768.5, -32768}};
   for (auto [v, n] : rounded) EXPECT_EQ(CInt(v), n) << v;
   for (double v : {32767.5, 40000.0, -32769.0, double(NAN)}) EXPECT_EQ(ErrorOf([v] { CInt(v); }), 6) << v;
 }

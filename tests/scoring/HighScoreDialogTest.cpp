@@ -69,21 +69,27 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
 }
 
 // The lists open after a game only for a place earned: on the all-time list when the game has a place there
-// (the first too), else on the personal one.
+// (the first too, even with none on the personal list), else on the personal one.
 TEST(HighScoreDialog, TheListsOpenOnlyForAPlaceEarned) {
   const struct {
     int32_t score;
     int16_t sites, opened;  // the list opened, -1 none
-  } cases[] = {{50, 1, -1}, {102, 11, HighScores::kPersonal}, {5000, 1, HighScores::kAllTime}};
+    int32_t personalBest = 0;
+  } cases[] = {{50, 1, -1},
+               {102, 11, HighScores::kPersonal},
+               {5000, 1, HighScores::kAllTime},
+               {5000, 1, HighScores::kAllTime, 9000}};
   for (const auto& c : cases) {
     Board b;
     Fill(b.sw.hs);
+    for (int s = 1; s <= 10 && c.personalBest; ++s) b.sw.hs.Entry(HighScores::kPersonal, 2, s).lScore = c.personalBest;
     b.sc.glScore = c.score;
     b.g.gnSitesHit = c.sites;
     int16_t opened = -1;
     b.w.onDialog = [&](Dialog) { opened = b.sw.webmasters.nType; };
     b.sw.webmasters.CheckHighScore();
     EXPECT_EQ(opened, c.opened) << c.score;
+    EXPECT_EQ(b.w.Titles().size(), c.opened < 0 ? 0u : 1u) << c.score;  // "New Webmaster" first
   }
 }
 
