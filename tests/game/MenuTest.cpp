@@ -104,19 +104,21 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
   m.menUseDL_Click();                               // off, the log kept
   EXPECT_EQ(b.sw.opts.Current().bDebug.Code(), 0);  // and off in the options saved
 
-  // Start-up applies the file's settings through the same commands, asking and playing nothing.
+  // Start-up applies the file's settings through the same commands, asking and playing nothing; the lag bar
+  // starts empty on Easy too, where no new site empties it.
   Spit(Options::kFileName,
        "\"Version\",\"1.14\"\r\n\"LastOption\",\" 1\"\r\n\"OptionNum\",1\r\n\"UserName\",\"Ann\"\r\n"
-       "\"Diff\",3\r\n\"Grid\",0\r\n\"Sound\",0\r\n\"StartSite\",2\r\n");
+       "\"Diff\",1\r\n\"Grid\",0\r\n\"Sound\",0\r\n\"StartSite\",2\r\n");
   App a;
   a.sw.menu.Form_Load();
   EXPECT_EQ(Shown(a.w), std::vector<std::string>{"Error: LoadHighScoresError: Failed to open high score file\n"
                                                  "Error #53 - File not found"});  // no list yet; nothing asked
   EXPECT_TRUE(a.w.sounds.empty());
-  EXPECT_EQ(Ints({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel3],
+  EXPECT_EQ(Ints({a.sw.game.gnGameNum, a.sw.game.gnSitesHit, a.w.cellTw, a.w.checked[Menu::menDiffLevel1],
                   a.w.checked[Menu::menStartSiteNum2], a.sw.game.gbGameInit.Code()}),
             Ints({1, 2, 490, 1, 1, 0}));
-  EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max), "Hard 13");
+  EXPECT_EQ(a.w.captions[Label::lblDiff] + " " + std::to_string(a.w.bar.Max) + " " + std::to_string(a.w.bar.Value),
+            "Easy 13 0");
   // The window is never narrower than its information bar needs. (Its size for the map, 499 twips a cell with the
   // information bar and the frame: the pinned session's SetSize and SetGrid lines.)
   a.sw.game.gnMapCols = 19;
@@ -124,8 +126,8 @@ TEST(MenuTest, SoundAndLogSwitchesAndTheStartUpPass) {
   EXPECT_EQ(a.w.windowTw, Ints({9555, 8856, 9555}));
 
   // Once the lists are there, the start says nothing and shows the best score of the player's difficulty.
-  a.sw.hs.Entry(HighScores::kAllTime, 3, 1).lScore = 5000;
-  a.sw.hs.Entry(HighScores::kAllTime, 3, 2).lScore = 4000;
+  a.sw.hs.Entry(HighScores::kAllTime, 1, 1).lScore = 5000;
+  a.sw.hs.Entry(HighScores::kAllTime, 1, 2).lScore = 4000;
   a.sw.hs.WriteHighScores();
   App c;
   c.sw.menu.Form_Load();

@@ -195,7 +195,7 @@ TEST(OptionsFile, FailedSavesGoToTheCallerAndLeaveTheOldFile) {
   EXPECT_EQ(fs::status(Options::kFileName).permissions() & fs::perms::all,
             fs::perms::owner_read | fs::perms::owner_write);  // it holds passwords
   EXPECT_EQ(InReadOnlyDir([&] { return ErrorOf([&] { a.sw.optsFile.SaveOptions(); }); }), 70);
-  fs::permissions(Options::kFileName, fs::perms::owner_read);  // read-only: refused, left as it is
+  fs::permissions(Options::kFileName, fs::perms(0444));  // read-only, as chmod a-w leaves it: refused, left as it is
   EXPECT_EQ(ErrorOf([&] { a.sw.optsFile.SaveOptions(); }), 70);
   // None of them changed the old file or left anything beside it.
   EXPECT_EQ(Slurp(Options::kFileName), old);
