@@ -205,10 +205,13 @@ TEST(OptionsFile, FailedSavesGoToTheCallerAndLeaveTheOldFile) {
 }  // namespace
 TEST(OptionsFile, SettingsOutOfRangeAreReportedOnceAndReplaced) {
   TempDir dir;
-  // Out of range in two records: each named once, in one box; everything else of the file kept.
+  // Out of range in two records: each named once, in one box; everything else of the file kept, the ends of
+  // each range too (Cy and Di).
   Loaded l(R"("LastOption"," 2"|"OptionNum",1|"UserName","Ann"|"Diff",0|"MapSize",0|"StartSite",10|"Grid",0|)"
            R"("OptionNum",2|"UserName","Bob"|"ControlProfileBegin",5|"CPName","Mine"|"CPMoveUp",113|)"
-           R"("ControlProfileNum",6|"MapSize",6|"Diff",5|"StartSite",-1)");
+           R"("ControlProfileNum",6|"MapSize",6|"Diff",5|"StartSite",-1|"OptionNum",3|"UserName","Cy"|"Diff",1|)"
+           R"("MapSize",5|"StartSite",9|"ControlProfileNum",4|"OptionNum",4|"UserName","Di"|"Diff",4|"MapSize",1|)"
+           R"("ControlProfileNum",0)");
   ASSERT_EQ(Shown(l.w).size(), 1u);
   EXPECT_EQ(
       Shown(l.w)[0],
