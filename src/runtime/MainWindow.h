@@ -87,7 +87,6 @@ constexpr uint32_t Blue = 0xFF0000;
 constexpr uint32_t Silver = 0xC0C0C0;
 // The system's colour for text on buttons (a system colour, not an RGB value).
 constexpr uint32_t ButtonText = 0x80000012;
-inline constexpr uint32_t RGB(uint32_t r, uint32_t g, uint32_t b) { return r | (g << 8) | (b << 16); }
 }  // namespace color
 
 class IMainWindow {
