@@ -4,7 +4,9 @@
 #include <sys/stat.h>
 
 #include <cerrno>
+#include <chrono>
 #include <cmath>
+#include <ctime>
 
 #include "runtime/Checked.h"
 #include "runtime/Files.h"
@@ -34,6 +36,17 @@ TEST(Random, ClassicSequenceSeedsAndRandomize) {
   };
   EXPECT_EQ(seeded(1.0), 0x3FF0EFu);  // the low bits of the double do not count
   EXPECT_TRUE(seeded(12345.0) == seeded(12345.0 + 1e-9) && seeded(12345.0) != seeded(54321.0));
+  // Timer: the seconds since local midnight, to the millisecond (a float holds them to 8 ms).
+  const auto now = std::chrono::system_clock::now();
+  std::time_t t = std::chrono::system_clock::to_time_t(now);
+  std::tm midnight{};
+  localtime_r(&t, &midnight);
+  midnight.tm_hour = midnight.tm_min = midnight.tm_sec = 0;
+  const double since =
+      std::chrono::duration<double>(now - std::chrono::system_clock::from_time_t(mktime(&midnight))).count();
+  if (since < 86399) {  // not at midnight
+    EXPECT_NEAR(Random::Timer(), since, 0.02);
+  }
 }
 
 TEST(Checked, SixteenBitOverflowAndCIntRounding) {

@@ -215,6 +215,9 @@ class TestDialogs : public QObject {
         QCOMPARE(name(box) + QString::number(box->parent()->tableCellInterface()->rowIndex()),
                  QStringLiteral("Place %1 name%2").arg(r + 1).arg(r));
       }
+      for (QLabel* l : d.findChildren<QLabel*>())  // each row's label stands to the left of its choices
+        if (QRadioButton* o = l->text() == "Difficulty:" ? d.optDiff[1] : d.optType[0]; l->text().endsWith(':'))
+          QVERIFY(qAbs(l->geometry().center().y() - o->geometry().center().y()) <= 2 && l->geometry().right() < o->x());
       QStringList radios;  // the choices of list, each with the row of choices it stands in
       for (QRadioButton* o : d.findChildren<QRadioButton*>())
         radios << name(QAccessible::queryAccessibleInterface(o)) + ": " + o->accessibleDescription();
