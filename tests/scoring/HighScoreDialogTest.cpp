@@ -69,20 +69,23 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
 }
 
 // The lists open after a game only for a place earned: on the all-time list when the game has a place there
-// (the first too, even with none on the personal list), else on the personal one.
+// (the first too, even with none on the personal list), else on the personal one (the first too, on a
+// personal list just cleared).
 TEST(HighScoreDialog, TheListsOpenOnlyForAPlaceEarned) {
   const struct {
     int32_t score;
-    int16_t sites, opened;  // the list opened, -1 none
-    int32_t personalBest = 0;
+    int16_t sites, opened;        // the list opened, -1 none
+    int32_t personalScores = -1;  // every personal row's score; -1: the rows as filled
   } cases[] = {{50, 1, -1},
                {102, 11, HighScores::kPersonal},
+               {50, 1, HighScores::kPersonal, 0},
                {5000, 1, HighScores::kAllTime},
                {5000, 1, HighScores::kAllTime, 9000}};
   for (const auto& c : cases) {
     Board b;
     Fill(b.sw.hs);
-    for (int s = 1; s <= 10 && c.personalBest; ++s) b.sw.hs.Entry(HighScores::kPersonal, 2, s).lScore = c.personalBest;
+    for (int s = 1; s <= 10 && c.personalScores >= 0; ++s)
+      b.sw.hs.Entry(HighScores::kPersonal, 2, s) = WebmasterEntry{c.personalScores, 0, ""};
     b.sc.glScore = c.score;
     b.g.gnSitesHit = c.sites;
     int16_t opened = -1;
