@@ -73,26 +73,28 @@ TEST(HighScoreDialog, TheRowEarnedIsReadWithItsListPlaceAndScore) {
 // personal list just cleared).
 TEST(HighScoreDialog, TheListsOpenOnlyForAPlaceEarned) {
   const struct {
+    const char* what;
     int32_t score;
     int16_t sites, opened;        // the list opened, -1 none
     int32_t personalScores = -1;  // every personal row's score; -1: the rows as filled
-  } cases[] = {{50, 1, -1},
-               {102, 11, HighScores::kPersonal},
-               {50, 1, HighScores::kPersonal, 0},
-               {5000, 1, HighScores::kAllTime},
-               {5000, 1, HighScores::kAllTime, 9000}};
+  } cases[] = {{"no place on either list", 50, 1, -1},
+               {"the personal list's last place only", 102, 11, HighScores::kPersonal},
+               {"the first place of a personal list just cleared", 50, 1, HighScores::kPersonal, 0},
+               {"a place on both lists", 5000, 1, HighScores::kAllTime},
+               {"the all-time list's first place only", 5000, 1, HighScores::kAllTime, 9000}};
   for (const auto& c : cases) {
     Board b;
     Fill(b.sw.hs);
-    for (int s = 1; s <= 10 && c.personalScores >= 0; ++s)
-      b.sw.hs.Entry(HighScores::kPersonal, 2, s) = WebmasterEntry{c.personalScores, 0, ""};
+    if (c.personalScores >= 0)
+      for (int s = 1; s <= 10; ++s)
+        b.sw.hs.Entry(HighScores::kPersonal, 2, s) = WebmasterEntry{c.personalScores, 0, ""};
     b.sc.glScore = c.score;
     b.g.gnSitesHit = c.sites;
     int16_t opened = -1;
     b.w.onDialog = [&](Dialog) { opened = b.sw.webmasters.nType; };
     b.sw.webmasters.CheckHighScore();
-    EXPECT_EQ(opened, c.opened) << c.score;
-    EXPECT_EQ(b.w.Titles().size(), c.opened < 0 ? 0u : 1u) << c.score;  // "New Webmaster" first
+    EXPECT_EQ(opened, c.opened) << c.what;
+    EXPECT_EQ(b.w.Titles().size(), c.opened < 0 ? 0u : 1u) << c.what;  // "New Webmaster" first
   }
 }
 
